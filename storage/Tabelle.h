@@ -1,0 +1,153 @@
+#pragma once
+// The table file engine: one flat file of fixed-size records per table.
+//
+// A record's id is its 1-based slot number. Bytes 0-3 of a record hold the id
+// with bit 31 set while the slot is live; a free slot keeps its id with bit 31
+// clear and all further bytes zero. Every operation opens the file at its start
+// and closes it before it returns; only the free slot list survives between
+// operations, and it is valid after init() (stale after remove(id, false)).
+//
+// Select operations hand out result lists of ListenElement nodes whose pObjekt
+// is a zero-filled row allocated with calloc. The caller owns such a list and
+// must give it back with delListe(); ListenBesitz does that automatically.
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Dateisystem.h"
+#include "storage/Trace.h"
+
+namespace dv {
+
+// What every table needs from the outside; owned by the caller, must outlive the tables.
+struct SpeicherUmgebung {
+    Dateisystem* fs = &echtesDateisystem();
+    Trace* trace = nullptr;
+    std::string datenOrdner;  // ends in '/'
+    bool grossKlein = true;   // application-wide case setting of select
+};
+
+// A node of a result list.
+struct ListenElement {
+    void* pObjekt;  // the row, owned by the node
+    ListenElement* pPrev;
+    ListenElement* pNext;
+    std::uint8_t cMarke;  // the three values are the list consumers' own
+    std::uint16_t sWert;
+    std::int32_t lWert;
+};
+
+inline constexpr std::uint32_t kLebendBit = 0x80000000u;
+
+class Tabelle {
+public:
+    Tabelle(SpeicherUmgebung& umgebung, std::string name);
+    virtual ~Tabelle();
+    Tabelle(const Tabelle&) = delete;
+    Tabelle& operator=(const Tabelle&) = delete;
+
+    const std::string& name() const { return name_; }
+    std::string pfad() const;  // data folder + name + ".dat"
+    const std::string& letzterFehler() const { return letzterFehler_; }
+    long anzahl() const { return anzahl_; }
+    const std::vector<std::int32_t>& freieSlots() const { return frei_; }
+
+    // Makes sure the file exists. True if it existed or was created.
+    bool create();
+    // Opens the file read/write without creating it; null on failure (logged).
+    std::unique_ptr<Datei> open();
+
+    virtual unsigned getRecordSize() const = 0;
+    // Rebuilds the free slot list and the live count; returns the id that the
+    // next insert gets when no slot is free (0 if the file cannot be opened).
+    virtual long init();
+    // Frees a slot. reinit: run init() afterwards so the slot is reused at once.
+    virtual bool remove(long id, bool reinit);
+    virtual ListenElement* select(long id) = 0;
+    virtual ListenElement* selectAll() = 0;
+
+    // Allocates a node carrying row (may be null); traced.
+    ListenElement* newElement(void* row) const;
+    // Frees the whole list that node belongs to (null is ignored); traced.
+    void delListe(ListenElement* node) const;
+
+    Trace& trace() const { return *umgebung_.trace; }
+    SpeicherUmgebung& umgebung() const { return umgebung_; }
+
+protected:
+    // The common frame of insert; packed holds the record after the id word.
+    long einfuegenRoh(const unsigned char* felder);
+    // The common frame of update (id <= 0 turns into an insert).
+    bool aendernRoh(long id, const unsigned char* felder, bool* warEinfuegen, long* neueId);
+    // Reads the whole live part of the file in large blocks and calls f(id, record)
+    // for every live record (record points at the bytes after the id word).
+    template <class F>
+    bool scanneRoh(F&& f);
+    // One seek and one read: the record of slot id, if it is live.
+    bool leseSlot(long id, std::vector<unsigned char>& satz);
+
+    bool istFrei(long id) const;
+
+    SpeicherUmgebung& umgebung_;
+    std::vector<unsigned char> puffer_;  // one record image
+
+private:
+    bool initialisiert_ = false;
+    std::string name_;
+    std::string letzterFehler_;
+    long anzahl_ = 0;
+    std::vector<std::int32_t> frei_;
+
+    friend class TabellenZugriff;
+};
+
+// Owner of a result list: releases it with delListe when it goes out of scope.
+struct ListenFreigabe {
+    const Tabelle* tabelle = nullptr;
+    void operator()(ListenElement* kopf) const {
+        if (tabelle) tabelle->delListe(kopf);
+    }
+};
+using ListenBesitz = std::unique_ptr<ListenElement, ListenFreigabe>;
+
+inline ListenBesitz besitze(const Tabelle& t, ListenElement* kopf) {
+    return ListenBesitz(kopf, ListenFreigabe{&t});
+}
+
+// Number of nodes of a list, counted from the given node on.
+std::size_t listenLaenge(const ListenElement* kopf);
+
+template <class F>
+bool Tabelle::scanneRoh(F&& f) {
+    auto datei = open();
+    if (!datei) return false;
+    const std::int64_t laenge = datei->laenge();
+    if (laenge < 0) return false;
+    const unsigned groesse = getRecordSize();
+    const std::int64_t saetze = laenge / groesse;
+    // Blocks of whole records, about a megabyte each.
+    const std::int64_t proBlock = std::max<std::int64_t>(1, (1 << 20) / groesse);
+    std::vector<unsigned char> block(static_cast<std::size_t>(proBlock * groesse));
+    for (std::int64_t erster = 0; erster < saetze; erster += proBlock) {
+        const std::int64_t anzahl = std::min(proBlock, saetze - erster);
+        const std::int64_t bytes = anzahl * groesse;
+        const std::int64_t gelesen = datei->lese(erster * groesse, block.data(),
+                                                 static_cast<std::size_t>(bytes));
+        if (gelesen < 0) return false;
+        const std::int64_t ganze = gelesen / groesse;
+        for (std::int64_t i = 0; i < ganze; ++i) {
+            const unsigned char* satz = block.data() + i * groesse;
+            std::uint32_t wort;
+            std::memcpy(&wort, satz, 4);
+            if (wort & kLebendBit) f(static_cast<long>(erster + i + 1), satz + 4);
+        }
+        if (gelesen < bytes) break;
+    }
+    return true;
+}
+
+}  // namespace dv
