@@ -1,0 +1,67 @@
+#include "tests/support/FehlerDateisystem.h"
+
+#include <cerrno>
+
+namespace dv::test {
+namespace {
+
+class FehlerDatei : public Datei {
+public:
+    FehlerDatei(std::unique_ptr<Datei> innen, FehlerDateisystem& fs)
+        : innen_(std::move(innen)), fs_(fs) {}
+    std::int64_t laenge() override { return innen_->laenge(); }
+    std::int64_t lese(std::int64_t pos, void* ziel, std::size_t n) override {
+        return innen_->lese(pos, ziel, n);
+    }
+    bool schreibe(std::int64_t pos, const void* quelle, std::size_t n) override {
+        if (fs_.naechsterSchreibvorgangScheitert()) {
+            if (fs_.zerreissen && n > 1) innen_->schreibe(pos, quelle, n / 2);
+            return false;
+        }
+        return innen_->schreibe(pos, quelle, n);
+    }
+    bool haengeAn(const void* quelle, std::size_t n) override {
+        if (fs_.naechsterSchreibvorgangScheitert()) {
+            if (fs_.zerreissen && n > 1) innen_->haengeAn(quelle, n / 2);
+            return false;
+        }
+        return innen_->haengeAn(quelle, n);
+    }
+    bool kuerze(std::int64_t l) override { return innen_->kuerze(l); }
+
+private:
+    std::unique_ptr<Datei> innen_;
+    FehlerDateisystem& fs_;
+};
+
+}  // namespace
+
+bool FehlerDateisystem::naechsterSchreibvorgangScheitert() {
+    ++schreibvorgaenge;
+    return scheitereAbSchreibvorgang > 0 && schreibvorgaenge >= scheitereAbSchreibvorgang;
+}
+
+std::unique_ptr<Datei> FehlerDateisystem::oeffne(const std::string& pfad, OeffnenModus modus,
+                                                 int* fehler) {
+    if (gesperrt(pfad)) {
+        if (fehler) *fehler = EACCES;
+        return nullptr;
+    }
+    auto innen = echt().oeffne(pfad, modus, fehler);
+    if (!innen) return nullptr;
+    return std::make_unique<FehlerDatei>(std::move(innen), *this);
+}
+
+bool FehlerDateisystem::erzeugeOrdner(const std::string& p) {
+    return !gesperrt(p) && echt().erzeugeOrdner(p);
+}
+bool FehlerDateisystem::loesche(const std::string& p) { return !gesperrt(p) && echt().loesche(p); }
+bool FehlerDateisystem::kopiere(const std::string& von, const std::string& nach) {
+    if (gesperrt(von) || gesperrt(nach) || naechsterSchreibvorgangScheitert()) return false;
+    return echt().kopiere(von, nach);
+}
+bool FehlerDateisystem::benenneUm(const std::string& von, const std::string& nach) {
+    return !gesperrt(von) && !gesperrt(nach) && echt().benenneUm(von, nach);
+}
+
+}  // namespace dv::test
