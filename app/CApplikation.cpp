@@ -1,0 +1,53 @@
+#include "app/CApplikation.h"
+
+#include <cstdlib>
+
+#include "app/base/Datenversion.h"
+
+namespace dv {
+
+CApplikation::CApplikation(Benutzer& benutzer, Einstellungen& einstellungen, Dateisystem& fs)
+    : benutzer_(benutzer), einstellungen_(einstellungen), fs_(fs), protokoll_(fs) {
+    umgebung_.fs = &fs_;
+    umgebung_.trace = &protokoll_;
+    umgebung_.datenOrdner = ordner_.daten;
+    db_ = std::make_unique<Datenbank>(umgebung_, ordner_);
+}
+
+CApplikation::~CApplikation() = default;
+
+bool CApplikation::starte(const std::string& programmOrdner, std::optional<unsigned> traceMaske) {
+    ordner_.setzeBasis(programmOrdner);
+    if (!fs_.istOrdner(ordner_.programm) && !fs_.erzeugeOrdner(ordner_.programm)) return false;
+    protokoll_.setzeLogPfad(ordner_.programm + "zelka.log");
+    ordner_.legeAn(fs_);
+    protokoll_.setzeMeldungsOrdner(ordner_.meldungen);
+
+    // The stored trace mask is a decimal text; the caller's mask wins.
+    unsigned maske = 0;
+    std::string gespeichert;
+    if (einstellungen_.getText("TraceMaske", gespeichert))
+        maske = static_cast<unsigned>(std::strtoul(gespeichert.c_str(), nullptr, 10));
+    if (traceMaske) maske = *traceMaske;
+    protokoll_.setzeMaske(maske);
+
+    umgebung_.datenOrdner = ordner_.daten;
+    if (!fs_.istOrdner(ordner_.daten)) return false;
+    katalog().erzeugeDatenbank();
+    return true;
+}
+
+bool CApplikation::pruefeDatenversion() {
+    return dv::pruefeDatenversion(katalog(), protokoll_, benutzer_);
+}
+
+void CApplikation::setzeFensterpositionZurueck() {
+    einstellungen_.loescheFensterPosition("WP_main");
+    haengeZeileAn(fs_, ordner_.meldungen + "reset_wp.log",
+                  Protokoll::zeitstempel() +
+                      " Die Positionen des Hauptfensters wurden auf Wunsch gelöscht.");
+}
+
+std::string CApplikation::versionsText() { return dv::versionsText(aktuelleVersion()); }
+
+}  // namespace dv

@@ -1,0 +1,67 @@
+#pragma once
+// The application object: owns the folder layout, the logs, the catalogue, and
+// hands each layer what it needs. Both programs (desktop and command line) run the
+// same start-up through it; every feature is reached through its members.
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "app/base/Benutzer.h"
+#include "app/base/Einstellungen.h"
+#include "app/base/Ordner.h"
+#include "app/base/Protokoll.h"
+#include "domain/Datenbank.h"
+
+namespace dv {
+
+class CApplikation {
+public:
+    // benutzer, einstellungen and fs must outlive the object.
+    CApplikation(Benutzer& benutzer, Einstellungen& einstellungen,
+                 Dateisystem& fs = echtesDateisystem());
+    ~CApplikation();
+    CApplikation(const CApplikation&) = delete;
+    CApplikation& operator=(const CApplikation&) = delete;
+
+    // Start-up below the program folder: the trace log "zelka.log", the eleven
+    // working folders, the message folder, then the tables (missing files created,
+    // functions seeded). traceMaske replaces the stored mask when given.
+    // False when the program folder or its data folder cannot be created.
+    bool starte(const std::string& programmOrdner, std::optional<unsigned> traceMaske = {});
+
+    // The data version check with its protocol; false on a mismatch (the message
+    // has been shown; the caller ends the process).
+    bool pruefeDatenversion();
+
+    // Deletes "WP_main" at the user's request and notes it in "reset_wp.log".
+    void setzeFensterpositionZurueck();
+
+    // The text of the program's own data version: "4.0.0.1 - 20070406".
+    static std::string versionsText();
+    // The title text of the application: "DORVANO".
+    static const char* titel() { return "DORVANO"; }
+
+    Benutzer& benutzer() { return benutzer_; }
+    Einstellungen& einstellungen() { return einstellungen_; }
+    Dateisystem& fs() { return fs_; }
+    Protokoll& protokoll() { return protokoll_; }
+    const Ordner& ordner() const { return ordner_; }
+    Datenbank& db() { return *db_; }
+    Katalog& katalog() { return db_->katalog(); }
+
+    // Case setting of select and search (on: letters must be equal).
+    bool grossKlein() const { return umgebung_.grossKlein; }
+    void setzeGrossKlein(bool an) { umgebung_.grossKlein = an; }
+
+private:
+    Benutzer& benutzer_;
+    Einstellungen& einstellungen_;
+    Dateisystem& fs_;
+    Protokoll protokoll_;
+    Ordner ordner_;
+    SpeicherUmgebung umgebung_;
+    std::unique_ptr<Datenbank> db_;
+};
+
+}  // namespace dv
