@@ -19,11 +19,9 @@ void registriereBasis(Register& reg) {
         const VersionsVergleich v = vergleicheVersion(k.app.katalog());
         k.zeile(istZeile(v.ist));
         k.zeile(sollZeile(v.soll));
-        if (!v.passt) {
-            k.app.pruefeDatenversion();
-            return kVersion;
-        }
-        return kFertig;
+        std::fflush(stdout);
+        // The lines first, then the check with its protocol and, on a mismatch, its message.
+        return k.app.pruefeDatenversion() ? kFertig : kVersion;
     });
 }
 

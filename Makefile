@@ -1,0 +1,39 @@
+# DORVANO: the two everyday commands are `make run` and `make test`.
+# Both install what is missing (Debian 12 packages), configure and build first.
+
+BUILD_DIR   ?= build
+BUILD_TYPE  ?= RelWithDebInfo
+CMAKE_FLAGS ?=
+JOBS        ?= $(shell nproc)
+
+.PHONY: all deps configure build run test bench sanitize clean
+
+all: build
+
+deps:
+	./scripts/install-deps
+
+configure: deps
+	cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) $(CMAKE_FLAGS)
+
+build: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS)
+
+# Starts the desktop program on the default program folder.
+run: build
+	$(BUILD_DIR)/bin/dorvano
+
+test: build
+	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
+
+# Builds and runs every benchmark (bench/*.cpp) on generated collections.
+bench: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS)
+	@set -e; for b in $(BUILD_DIR)/bin/bench_*; do echo "== $$b"; $$b; done
+
+# Every test under AddressSanitizer and UndefinedBehaviorSanitizer.
+sanitize:
+	$(MAKE) test BUILD_DIR=build-asan BUILD_TYPE=Debug CMAKE_FLAGS="-DDORVANO_SANITIZE=ON -DDORVANO_BENCH=OFF"
+
+clean:
+	rm -rf $(BUILD_DIR) build-asan

@@ -1,0 +1,108 @@
+// dorvano-cli as a whole process: init, version, the global options and exit codes.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/support/Prozess.h"
+#include "tests/support/TempOrdner.h"
+
+using namespace dv::test;
+
+namespace {
+
+int anzahlDateien(const std::string& ordner) {
+    int n = 0;
+    for (const auto& e : std::filesystem::directory_iterator(ordner)) n += e.is_regular_file();
+    return n;
+}
+
+}  // namespace
+
+TEST(CliGrundbefehle, InitLegtTabellenUndOrdnerAn) {
+    TempOrdner tmp;
+    const Lauf lauf = cli({"--basis", tmp / "x", "init"}, tmp / "cfg");
+    EXPECT_EQ(lauf.code, 0) << lauf.err;
+    EXPECT_EQ(lauf.aus, "4.0.0.1 - 20070406\n");
+    EXPECT_EQ(anzahlDateien(tmp / "x/Daten"), 32);
+    for (const char* o : {"Daten", "Cover", "Kommentar", "Inhalt", "Reste", "Meldungen", "Vorlagen",
+                          "Tags", "Backups", "Updates", "Ocl"})
+        EXPECT_TRUE(std::filesystem::is_directory(tmp / "x/" + o)) << o;
+    // The settings store is not created by a run that only reads.
+    EXPECT_FALSE(gibtEs(tmp / "cfg/Tormel/DORVANO.conf"));
+
+    // A second run changes nothing: still one "Darsteller", same files.
+    const std::string funktionen = leseDatei(tmp / "x/Daten/Funktion.dat");
+    EXPECT_EQ(cli({"--basis", tmp / "x", "init"}, tmp / "cfg").code, 0);
+    EXPECT_EQ(leseDatei(tmp / "x/Daten/Funktion.dat"), funktionen);
+    EXPECT_EQ(funktionen.size(), 2u * 132u);
+}
+
+TEST(CliGrundbefehle, BasisAusUmgebungUndVersionszeilen) {
+    TempOrdner tmp;
+    const Lauf lauf = fuehreAus(std::string(DORVANO_BIN_DIR) + "/dorvano-cli", {"version"}, "",
+                                {"XDG_CONFIG_HOME=" + (tmp / "cfg"), "DORVANO_BASIS=" + (tmp / "env")});
+    EXPECT_EQ(lauf.code, 0) << lauf.err;
+    EXPECT_EQ(lauf.aus, "Ist  : 4.0.0.1 - 20070406\nSoll : 4.0.0.1 - 20070406\n");
+    EXPECT_TRUE(gibtEs(tmp / "env/Daten/DatenVersion.dat"));
+    EXPECT_TRUE(gibtEs(tmp / "env/Meldungen/datenversion.log"));
+}
+
+TEST(CliGrundbefehle, FremdeDatenversionEndetMitCode3) {
+    TempOrdner tmp;
+    ASSERT_EQ(cli({"--basis", tmp / "x", "init"}, tmp / "cfg").code, 0);
+    // Slot 1 of the version table: live id word, then 3.9.0.0 and a date.
+    std::string satz(28, '\0');
+    const unsigned char kopf[] = {1, 0, 0, 0x80, 3, 0, 0, 0, 9, 0, 0, 0};
+    satz.replace(0, sizeof kopf, reinterpret_cast<const char*>(kopf), sizeof kopf);
+    satz.replace(20, 8, "20010101");
+    schreibeDatei(tmp / "x/Daten/DatenVersion.dat", satz);
+
+    const Lauf lauf = cli({"--basis", tmp / "x", "init"}, tmp / "cfg");
+    EXPECT_EQ(lauf.code, 3);
+    EXPECT_NE(lauf.err.find("### Falsche Datenversion ###: Die Datenversion ist inkompatibel\nIST\t: "
+                            "3.9.0.0 - 20010101\nSOLL\t: 4.0.0.1 - 20070406"),
+              std::string::npos)
+        << lauf.err;
+    const std::string protokoll = leseDatei(tmp / "x/Meldungen/datenversion.log");
+    EXPECT_NE(protokoll.find("Ist  : 3.9.0.0 - 20010101\nSoll : 4.0.0.1 - 20070406\n\n"
+                             "### Falsche Datenversion entdeckt ###\n"),
+              std::string::npos);
+
+    const Lauf version = cli({"--basis", tmp / "x", "version"}, tmp / "cfg");
+    EXPECT_EQ(version.code, 3);
+    EXPECT_EQ(version.aus, "Ist  : 3.9.0.0 - 20010101\nSoll : 4.0.0.1 - 20070406\n");
+}
+
+TEST(CliGrundbefehle, FalscheAufrufeUndUnbrauchbarerOrdner) {
+    TempOrdner tmp;
+    Lauf lauf = cli({"--basis", tmp / "x", "gibtsnicht"}, tmp / "cfg");
+    EXPECT_EQ(lauf.code, 2);
+    EXPECT_NE(lauf.err.find("Falscher Aufruf"), std::string::npos);
+
+    lauf = cli({"--basis", tmp / "x", "init", "\xCE\xA9"}, tmp / "cfg");  // Ω
+    EXPECT_EQ(lauf.code, 2);
+    EXPECT_EQ(lauf.err, "Zeichen nicht darstellbar: \xCE\xA9\n");
+
+    lauf = cli({"--basis", tmp / "x", "--trace", "zwei", "init"}, tmp / "cfg");
+    EXPECT_EQ(lauf.code, 2);
+
+    // A program folder below a plain file cannot be created.
+    schreibeDatei(tmp / "datei", "x");
+    lauf = cli({"--basis", tmp / "datei/unter", "init"}, tmp / "cfg");
+    EXPECT_EQ(lauf.code, 1);
+    EXPECT_NE(lauf.err.find("kann nicht angelegt werden."), std::string::npos) << lauf.err;
+
+    lauf = cli({"--help"}, tmp / "cfg");
+    EXPECT_EQ(lauf.code, 0);
+    EXPECT_NE(lauf.aus.find("Aufruf: dorvano-cli"), std::string::npos);
+}
+
+TEST(CliGrundbefehle, TraceMaskeSchreibtZelkaLog) {
+    TempOrdner tmp;
+    ASSERT_EQ(cli({"--basis", tmp / "x", "--trace", "2", "init"}, tmp / "cfg").code, 0);
+    const std::string log = leseDatei(tmp / "x/zelka.log");
+    EXPECT_NE(log.find(">: Datenbank erzeugen\n"), std::string::npos);
+    EXPECT_NE(log.find("inserted cpText [Darsteller] into Funktion"), std::string::npos);
+    ASSERT_EQ(cli({"--basis", tmp / "y", "init"}, tmp / "cfg").code, 0);
+    EXPECT_FALSE(gibtEs(tmp / "y/zelka.log"));
+}
