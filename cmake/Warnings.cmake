@@ -20,6 +20,12 @@ endfunction()
 # A layer library: every .cpp of the folder, public include root is the project root.
 function(dorvano_layer target)
   file(GLOB _src CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT _src)
+    # A layer that has no code yet still links.
+    set(_leer ${CMAKE_CURRENT_BINARY_DIR}/${target}_leer.cpp)
+    file(WRITE ${_leer} "namespace dv {}\n")
+    set(_src ${_leer})
+  endif()
   add_library(${target} STATIC ${_src})
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
   dorvano_settings(${target})
