@@ -64,7 +64,11 @@ LaufwerkErgebnis keinZugriff(int nummer, bool geraet) {
 // that a disc is in it. geraet tells which of the two the path is.
 LaufwerkErgebnis oeffne(const std::string& pfad, Deskriptor& d, bool& geraet) {
     struct stat st {};
-    if (::stat(pfad.c_str(), &st) != 0) return systemFehler(errno);
+    if (::stat(pfad.c_str(), &st) != 0) {
+        const int e = errno;
+        if (e == EACCES || e == EPERM) return keinZugriff(e, pfad.rfind("/dev/", 0) == 0);
+        return systemFehler(e);
+    }
     geraet = S_ISBLK(st.st_mode);
     if (!geraet && !S_ISREG(st.st_mode)) {
         return fehler(LaufwerkFehler::System, 0, "Der Pfad ist weder ein Laufwerk noch eine Datei.");
