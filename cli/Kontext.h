@@ -72,5 +72,6 @@ bool zahl(const std::string& text, long& wert);
 
 // The command groups.
 void registriereBasis(Register& reg);
+void registriereDvd(Register& reg);
 
 }  // namespace dv::cli

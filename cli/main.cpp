@@ -67,6 +67,7 @@ int main(int argc, char** argv) {
 
     Register reg(wurzel);
     registriereBasis(reg);
+    registriereDvd(reg);
 
     try {
         wurzel.parse(argc, argv);
