@@ -176,16 +176,19 @@ private:
 LaufwerkErgebnis Volumen::sucheAnker(Block& anker) {
     const std::uint64_t n = q_.sektoren();
     const std::uint64_t orte[3] = {256, n > 256 ? n - 256 : 0, n > 0 ? n - 1 : 0};
+    // A sector that cannot be read is passed over like a damaged one; its error is
+    // the answer only when no anchor is found at all.
+    LaufwerkErgebnis lesefehler;
     for (std::uint64_t s : orte) {
         if (s < 256 || s >= n) continue;
         auto r = leseSektor(s, anker);
         if (!r.ok()) {
-            if (r.art == LaufwerkFehler::Beschaedigt) continue;
-            return r;
+            if (lesefehler.ok()) lesefehler = r;
+            continue;
         }
         if (tagOk(anker.data(), kTagAnker) && le32(anker.data() + 12) == s) return {};
     }
-    return keinDateisystem();
+    return lesefehler.ok() ? keinDateisystem() : lesefehler;
 }
 
 LaufwerkErgebnis Volumen::leseSequenz(std::uint32_t laenge, std::uint32_t ort) {

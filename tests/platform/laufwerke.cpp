@@ -106,6 +106,9 @@ TEST(Udf, LesefehlerDesLaufwerksWerdenWeitergegeben) {
     VolumenFakten f;
     // A recognition sequence but no anchor anywhere: no known file system.
     EXPECT_EQ(udf::volumen(q, f).art, LaufwerkFehler::KeinDateisystem);
+    // An anchor that cannot be read: its read error is the answer.
+    q.defekt = 256;
+    EXPECT_EQ(udf::volumen(q, f).nummer, EIO);
     q.defekt = 17;
     const auto r = udf::volumen(q, f);
     EXPECT_EQ(r.art, LaufwerkFehler::System);

@@ -315,7 +315,7 @@ std::string alsNiemand(const std::string& pfad) {
 TEST_F(UdfAbbild, OhneLeserechtEineKlareMeldung) {
     const std::string abbild = baue(dvdBaum());
     ::chmod(tmp.pfad().c_str(), 0755);
-    ::chmod(abbild.c_str(), 0600);
+    ::chmod(abbild.c_str(), 0000);
     std::string antwort = alsNiemand(abbild);
     ASSERT_FALSE(antwort.empty());
     EXPECT_EQ(antwort[0], 'Z') << antwort;
