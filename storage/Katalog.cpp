@@ -23,7 +23,7 @@ std::vector<Tabelle*> Katalog::alle() {
 }
 
 bool Katalog::erzeugeDatenbank() {
-    DV_TRACE(*umgebung.trace, kTraceTabelle, "Datenbank erzeugen");
+    DV_TRACE(Funktion.trace(), kTraceTabelle, "Datenbank erzeugen");
     bool alleDa = true;
     for (Tabelle* t : alle()) alleDa = t->create() && alleDa;
     const char* saat[2] = {"Darsteller", "Regie"};

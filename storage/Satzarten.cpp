@@ -418,11 +418,13 @@ bool TabelleVersion::schreibe(const DatenVersionSatz& v) {
         const auto t = static_cast<std::int32_t>(v.teil[i]);
         std::memcpy(satz + 4 + 4 * i, &t, 4);
     }
-    std::memcpy(satz + 20, v.datum, ::strnlen(v.datum, 8));
+    char datum[9] = {};
+    std::memcpy(datum, v.datum, ::strnlen(v.datum, 8));
+    std::memcpy(satz + 20, datum, 8);
     if (!datei->schreibe(0, satz, kGroesse)) return false;
     datei.reset();
     DV_TRACE(T, M, "inserted [%ld.%ld.%ld.%ld:%s] into %s", v.teil[0], v.teil[1], v.teil[2],
-             v.teil[3], v.datum, N);
+             v.teil[3], datum, N);
     return true;
 }
 

@@ -12,17 +12,36 @@ Tabelle::~Tabelle() = default;
 
 std::string Tabelle::pfad() const { return umgebung_.datenOrdner + name_ + ".dat"; }
 
+Trace& Tabelle::trace() const {
+    static KeinTrace still;
+    return umgebung_.trace ? *umgebung_.trace : still;
+}
+
+const std::vector<std::int32_t>& Tabelle::freieSlots() const {
+    if (freiKopf_ > 0) {
+        frei_.erase(frei_.begin(), frei_.begin() + static_cast<std::ptrdiff_t>(freiKopf_));
+        freiKopf_ = 0;
+    }
+    return frei_;
+}
+
 bool Tabelle::create() {
     Dateisystem& fs = *umgebung_.fs;
-    if (fs.oeffne(pfad(), OeffnenModus::LesenSchreiben)) {
+    const std::string p = pfad();
+    int fehler = 0;
+    if (fs.oeffne(p, OeffnenModus::LesenSchreiben, &fehler)) {
         DV_TRACE(trace(), kTraceTabelle, "%s%s%s existiert bereits.",
                  umgebung_.datenOrdner.c_str(), name_.c_str(), ".dat");
         return true;
     }
-    int fehler = 0;
-    if (fs.oeffne(pfad(), OeffnenModus::Erzeugen, &fehler)) {
-        DV_TRACE(trace(), kTraceTabelle, "created %s", pfad().c_str());
-        return true;
+    // A file that is there but cannot be opened (no permission, locked) is never
+    // truncated: creating it anew would throw its records away.
+    if (!fs.existiert(p)) {
+        fehler = 0;
+        if (fs.oeffne(p, OeffnenModus::Erzeugen, &fehler)) {
+            DV_TRACE(trace(), kTraceTabelle, "created %s", p.c_str());
+            return true;
+        }
     }
     letzterFehler_ = std::to_string(fehler);
     DV_TRACE(trace(), kTraceTabelle, "Error [%s]", letzterFehler_.c_str());
@@ -42,45 +61,45 @@ std::unique_ptr<Datei> Tabelle::open() {
 long Tabelle::init() {
     DV_TRACE(trace(), kTraceTabelle, "init() \"%s\"", name_.c_str());
     frei_.clear();
+    freiKopf_ = 0;
     anzahl_ = 0;
     auto datei = open();
     if (!datei) return 0;
     const std::int64_t laenge = datei->laenge();
     if (laenge < 0) return 0;
-    const unsigned groesse = getRecordSize();
-    const std::int64_t saetze = laenge / groesse;
-    const std::int64_t proBlock = std::max<std::int64_t>(1, (1 << 20) / groesse);
-    std::vector<unsigned char> block(static_cast<std::size_t>(proBlock * groesse));
     long letzteFreie = 0;
-    for (std::int64_t erster = 0; erster < saetze; erster += proBlock) {
-        const std::int64_t anzahl = std::min(proBlock, saetze - erster);
-        const std::int64_t gelesen =
-            datei->lese(erster * groesse, block.data(), static_cast<std::size_t>(anzahl * groesse));
-        if (gelesen <= 0) break;
-        const std::int64_t ganze = gelesen / groesse;
-        for (std::int64_t i = 0; i < ganze; ++i) {
-            std::uint32_t wort;
-            std::memcpy(&wort, block.data() + i * groesse, 4);
-            if (wort & kLebendBit) {
-                ++anzahl_;
-            } else {
-                // The slot number, not the stored word: a damaged word must never
-                // make an insert land on another record's slot.
-                const long id = static_cast<long>(erster + i + 1);
-                frei_.push_back(static_cast<std::int32_t>(id));
-                letzteFreie = id;
-            }
+    // The slot number, not the stored word, goes into the list: a damaged word
+    // must never make an insert land on another record's slot.
+    durchlaufe(*datei, [&](long id, std::uint32_t wort, const unsigned char*) {
+        if (wort & kLebendBit) {
+            ++anzahl_;
+        } else {
+            frei_.push_back(static_cast<std::int32_t>(id));
+            letzteFreie = id;
         }
-        if (ganze < anzahl) break;
-    }
-    if (letzteFreie <= 0) return static_cast<long>(saetze + 1);
+    });
+    if (letzteFreie <= 0) return static_cast<long>(laenge / getRecordSize() + 1);
     return letzteFreie;
 }
 
 bool Tabelle::istFrei(long id) const {
-    for (std::int32_t f : frei_)
-        if (f == id) return true;
-    return false;
+    return std::binary_search(frei_.begin() + static_cast<std::ptrdiff_t>(freiKopf_), frei_.end(),
+                              static_cast<std::int32_t>(id));
+}
+
+long Tabelle::naechsterFreierSlot(Datei& datei) {
+    const unsigned groesse = getRecordSize();
+    while (freiKopf_ < frei_.size()) {
+        const long id = frei_[freiKopf_++];
+        if (freiKopf_ > 64 && freiKopf_ * 2 > frei_.size()) freieSlots();
+        // The list may be older than the file (another table object on the same
+        // file): a slot that is live on disk is never overwritten.
+        std::uint32_t wort = 0;
+        if (datei.lese(static_cast<std::int64_t>(id - 1) * groesse, &wort, 4) == 4 &&
+            !(wort & kLebendBit))
+            return id;
+    }
+    return 0;
 }
 
 long Tabelle::einfuegenRoh(const unsigned char* felder) {
@@ -91,22 +110,30 @@ long Tabelle::einfuegenRoh(const unsigned char* felder) {
     auto datei = open();
     if (!datei) return 0;
     const unsigned groesse = getRecordSize();
-    std::memset(puffer_.data() + 4, 0, groesse - 4);
-    std::memcpy(puffer_.data() + 4, felder, groesse - 4);
-    long id;
-    if (frei_.empty()) {
+    long id = naechsterFreierSlot(*datei);
+    const bool wiederverwendet = id > 0;
+    if (!wiederverwendet) {
+        // Appended where the slot arithmetic puts it: a trailing partial record
+        // is overwritten rather than shifting every later record.
         const std::int64_t laenge = datei->laenge();
-        if (laenge < 0) return 0;
+        if (laenge < 0 || laenge / groesse + 1 > 0x7FFFFFFF) return 0;
         id = static_cast<long>(laenge / groesse + 1);
-    } else {
-        id = frei_.front();
-        frei_.erase(frei_.begin());
     }
-    // A trailing partial record is overwritten: the slot follows the id.
-    const std::uint32_t wort = static_cast<std::uint32_t>(id) | kLebendBit;
-    std::memcpy(puffer_.data(), &wort, 4);
-    if (!datei->schreibe(static_cast<std::int64_t>(id - 1) * groesse, puffer_.data(), groesse))
+    const std::int64_t pos = static_cast<std::int64_t>(id - 1) * groesse;
+    const auto freiesWort = static_cast<std::uint32_t>(id);
+    const std::uint32_t lebendesWort = freiesWort | kLebendBit;
+    std::memcpy(puffer_.data(), &freiesWort, 4);
+    std::memcpy(puffer_.data() + 4, felder, groesse - 4);
+    // First the record with its slot still free, then the word that makes it live:
+    // the liveness bit is in the word's last byte, so no torn write can publish
+    // a record whose fields are not all on disk.
+    if (!datei->schreibe(pos, puffer_.data(), groesse) ||
+        !datei->schreibe(pos, &lebendesWort, 4)) {
+        if (wiederverwendet)
+            frei_.insert(frei_.begin() + static_cast<std::ptrdiff_t>(freiKopf_),
+                         static_cast<std::int32_t>(id));
         return 0;
+    }
     return id;
 }
 
@@ -125,33 +152,40 @@ bool Tabelle::aendernRoh(long id, const unsigned char* felder, bool* warEinfuege
     if (laenge < 0 || id - 1 >= laenge / groesse) return false;
     const std::int64_t pos = static_cast<std::int64_t>(id - 1) * groesse;
     if (datei->lese(pos, puffer_.data(), groesse) != groesse) return false;
-    // The stored id word stays as it is on disk, liveness bit included.
-    std::memset(puffer_.data() + 4, 0, groesse - 4);
+    const std::vector<unsigned char> vorher(puffer_);
+    // Only the fields are written: the stored id word stays as it is on disk,
+    // liveness bit included.
     std::memcpy(puffer_.data() + 4, felder, groesse - 4);
-    return datei->schreibe(pos, puffer_.data(), groesse);
+    if (datei->schreibe(pos + 4, puffer_.data() + 4, groesse - 4)) return true;
+    // A failed write may have left part of the new fields: put the old ones back.
+    datei->schreibe(pos + 4, vorher.data() + 4, groesse - 4);
+    return false;
 }
 
 bool Tabelle::remove(long id, bool reinit) {
     if (id <= 0) return false;
-    bool ergebnis = true;
     if (!istFrei(id)) {
         auto datei = open();
         if (!datei) return false;
         const unsigned groesse = getRecordSize();
-        const std::int64_t pos = static_cast<std::int64_t>(id - 1) * groesse;
+        const std::int64_t laenge = datei->laenge();
         // A slot beyond the end is not there to free: never grow the file here.
+        if (laenge < 0 || id > laenge / groesse) return false;
+        const std::int64_t pos = static_cast<std::int64_t>(id - 1) * groesse;
         if (datei->lese(pos, puffer_.data(), groesse) != groesse) return false;
         std::uint32_t wort;
         std::memcpy(&wort, puffer_.data(), 4);
         wort &= ~kLebendBit;
         std::memcpy(puffer_.data(), &wort, 4);
         std::memset(puffer_.data() + 4, 0, groesse - 4);
+        // One write: a torn one that reaches the word's last byte has freed the
+        // slot, a shorter one has changed nothing (the low bytes are unchanged).
         if (!datei->schreibe(pos, puffer_.data(), groesse)) return false;
         datei.reset();
         DV_TRACE(trace(), kTraceTabelle, "deleted <%ld> from %s", id, name_.c_str());
     }
-    if (reinit && ergebnis) init();
-    return ergebnis;
+    if (reinit) init();
+    return true;
 }
 
 bool Tabelle::leseSlot(long id, std::vector<unsigned char>& satz) {

@@ -54,7 +54,8 @@ public:
     std::string pfad() const;  // data folder + name + ".dat"
     const std::string& letzterFehler() const { return letzterFehler_; }
     long anzahl() const { return anzahl_; }
-    const std::vector<std::int32_t>& freieSlots() const { return frei_; }
+    // The free slots that inserts will use next, lowest first.
+    const std::vector<std::int32_t>& freieSlots() const;
 
     // Makes sure the file exists. True if it existed or was created.
     bool create();
@@ -75,13 +76,17 @@ public:
     // Frees the whole list that node belongs to (null is ignored); traced.
     void delListe(ListenElement* node) const;
 
-    Trace& trace() const { return *umgebung_.trace; }
+    // The environment's trace, or a silent one when none is set.
+    Trace& trace() const;
     SpeicherUmgebung& umgebung() const { return umgebung_; }
 
 protected:
-    // The common frame of insert; packed holds the record after the id word.
+    // The common frame of insert; felder holds the record after the id word.
+    // The record is written with its slot still marked free and only then made
+    // live, so a failed or torn write never leaves a half-written live record.
     long einfuegenRoh(const unsigned char* felder);
-    // The common frame of update (id <= 0 turns into an insert).
+    // The common frame of update (id <= 0 turns into an insert). A failed write
+    // puts the previous record image back.
     bool aendernRoh(long id, const unsigned char* felder, bool* warEinfuegen, long* neueId);
     // Reads the whole live part of the file in large blocks and calls f(id, record)
     // for every live record (record points at the bytes after the id word).
@@ -96,11 +101,22 @@ protected:
     std::vector<unsigned char> puffer_;  // one record image
 
 private:
+    // Reads every whole record of the open file in blocks of about a megabyte and
+    // calls f(id, word, record) with the slot's id, its stored id word and a
+    // pointer to the whole record. False if the file cannot be measured or read.
+    template <class F>
+    bool durchlaufe(Datei& datei, F&& f);
+    // The next slot from the free list that is still free on disk (0: none).
+    long naechsterFreierSlot(Datei& datei);
+
     bool initialisiert_ = false;
     std::string name_;
     std::string letzterFehler_;
     long anzahl_ = 0;
-    std::vector<std::int32_t> frei_;
+    // Ascending; entries before freiKopf_ have been used by inserts already and
+    // are dropped lazily, so taking the first free slot costs constant time.
+    mutable std::vector<std::int32_t> frei_;
+    mutable std::size_t freiKopf_ = 0;
 
     friend class TabellenZugriff;
 };
@@ -122,32 +138,41 @@ inline ListenBesitz besitze(const Tabelle& t, ListenElement* kopf) {
 std::size_t listenLaenge(const ListenElement* kopf);
 
 template <class F>
-bool Tabelle::scanneRoh(F&& f) {
-    auto datei = open();
-    if (!datei) return false;
-    const std::int64_t laenge = datei->laenge();
+bool Tabelle::durchlaufe(Datei& datei, F&& f) {
+    const std::int64_t laenge = datei.laenge();
     if (laenge < 0) return false;
     const unsigned groesse = getRecordSize();
     const std::int64_t saetze = laenge / groesse;
-    // Blocks of whole records, about a megabyte each.
-    const std::int64_t proBlock = std::max<std::int64_t>(1, (1 << 20) / groesse);
-    std::vector<unsigned char> block(static_cast<std::size_t>(proBlock * groesse));
+    // Blocks of whole records, about a megabyte each, never more than the file.
+    const std::int64_t proBlock =
+        std::min<std::int64_t>(std::max<std::int64_t>(1, (1 << 20) / groesse), saetze);
+    if (proBlock <= 0) return true;
+    std::unique_ptr<unsigned char[]> block(new unsigned char[proBlock * groesse]);
     for (std::int64_t erster = 0; erster < saetze; erster += proBlock) {
         const std::int64_t anzahl = std::min(proBlock, saetze - erster);
         const std::int64_t bytes = anzahl * groesse;
-        const std::int64_t gelesen = datei->lese(erster * groesse, block.data(),
-                                                 static_cast<std::size_t>(bytes));
+        const std::int64_t gelesen =
+            datei.lese(erster * groesse, block.get(), static_cast<std::size_t>(bytes));
         if (gelesen < 0) return false;
         const std::int64_t ganze = gelesen / groesse;
         for (std::int64_t i = 0; i < ganze; ++i) {
-            const unsigned char* satz = block.data() + i * groesse;
+            const unsigned char* satz = block.get() + i * groesse;
             std::uint32_t wort;
             std::memcpy(&wort, satz, 4);
-            if (wort & kLebendBit) f(static_cast<long>(erster + i + 1), satz + 4);
+            f(static_cast<long>(erster + i + 1), wort, satz);
         }
         if (gelesen < bytes) break;
     }
     return true;
+}
+
+template <class F>
+bool Tabelle::scanneRoh(F&& f) {
+    auto datei = open();
+    if (!datei) return false;
+    return durchlaufe(*datei, [&](long id, std::uint32_t wort, const unsigned char* satz) {
+        if (wort & kLebendBit) f(id, satz + 4);
+    });
 }
 
 }  // namespace dv

@@ -105,22 +105,38 @@ bool passt(const Tupel& beispiel, const Tupel2& wert, bool grossKlein) {
     }(std::make_index_sequence<std::tuple_size_v<Tupel>>{});
 }
 
-// The first text key, used as the hint of the memory line; "" when there is none.
+// Ends every text field at its width, so that a row filled by a caller can be
+// printed and matched safely.
+template <class Tupel>
+void terminiere(Tupel&& t) {
+    std::apply(
+        [&](auto&... f) {
+            (
+                [&](auto& v) {
+                    if constexpr (istText<decltype(v)>) v[breite<decltype(v)>()] = '\0';
+                }(f),
+                ...);
+        },
+        t);
+}
+
+// The first text key (empty or not), used as the hint of the memory line; ""
+// when the class has none.
 template <class Tupel>
 const char* ersterText(const Tupel& t) {
-    const char* hinweis = "";
+    const char* hinweis = nullptr;
     std::apply(
         [&](const auto&... f) {
             (
                 [&](const auto& v) {
                     if constexpr (istText<decltype(v)>) {
-                        if (hinweis[0] == '\0' && v[0] != '\0') hinweis = v;
+                        if (!hinweis) hinweis = v;
                     }
                 }(f),
                 ...);
         },
         t);
-    return hinweis;
+    return hinweis ? hinweis : "";
 }
 
 }  // namespace feld
@@ -152,8 +168,10 @@ public:
     }
 
     ListenElement* select(const Zeile& beispiel) {
-        static_cast<R*>(this)->traceSelect(beispiel);
-        return sammle(&beispiel);
+        Zeile b = beispiel;
+        feld::terminiere(R::felder(b));
+        static_cast<R*>(this)->traceSelect(b);
+        return sammle(&b);
     }
 
     ListenElement* selectAll() override {
@@ -182,7 +200,9 @@ public:
     static Zeile& zeile(ListenElement* node) { return *static_cast<Zeile*>(node->pObjekt); }
 
 protected:
-    long einfuegen(const Zeile& z) {
+    long einfuegen(const Zeile& eingabe) {
+        Zeile z = eingabe;
+        feld::terminiere(R::felder(z));
         unsigned char felder[R::kGroesse] = {};
         feld::packe(R::felder(z), felder);
         const long id = einfuegenRoh(felder);
@@ -190,7 +210,9 @@ protected:
         return id;
     }
 
-    bool aendern(long id, const Zeile& z) {
+    bool aendern(long id, const Zeile& eingabe) {
+        Zeile z = eingabe;
+        feld::terminiere(R::felder(z));
         unsigned char felder[R::kGroesse] = {};
         feld::packe(R::felder(z), felder);
         bool warEinfuegen = false;
