@@ -1,0 +1,70 @@
+#pragma once
+// What the interchange tests share: a catalogue below a temporary program folder,
+// a sample box that uses every kind of entry, a readable dump of a box for
+// comparing two catalogues, and a small box file encoder of the tests' own.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/base/Ordner.h"
+#include "app/base/Protokoll.h"
+#include "domain/Datenbank.h"
+#include "platform/Zeit.h"
+#include "tests/support/TempOrdner.h"
+
+namespace dv::test {
+
+// Fixes the clock for one test at the given moment; the system clock afterwards.
+struct FesteUhr {
+    explicit FesteUhr(LokaleZeit z);
+    ~FesteUhr();
+};
+
+struct Katalogumgebung {
+    explicit Katalogumgebung(Dateisystem& fs = echtesDateisystem());
+
+    long anzahlBoxen();
+    long anzahlLookups(int typ);
+    long anzahlPersonen();
+
+    TempOrdner basis;
+    Ordner ordner;
+    Protokoll protokoll;
+    SpeicherUmgebung u;
+    std::unique_ptr<Datenbank> db;
+};
+
+// Creates the sample box: packaging, two extras, tags, and two DVDs; the first
+// with a rich film (three titles, every list, a person with two functions and
+// two aliases, a second person with two functions and an alias on its first link, long content, comment, tags) and a second film,
+// the second DVD with one plain film. Returns the box id.
+long legeBeispielBoxAn(Datenbank& db, const Ordner& ordner, const std::string& ean = "4010232012345");
+
+// A dump of the box with everything the box file carries, by name, without
+// record ids: two catalogues hold the same box exactly when the dumps are equal.
+// mitTags: include the tag texts.
+std::string beschreibeBox(Datenbank& db, const Ordner& ordner, long boxId, bool mitTags = true);
+
+// The id of the box with that EAN (0 when none).
+long boxMitEan(Datenbank& db, const std::string& ean);
+
+// The tests' own encoder: entries, blocks and a whole file, written from the
+// format description independently of the program's writer.
+struct Kodierer {
+    std::string daten;
+    Kodierer& text(std::uint8_t token, const std::string& wert);
+    Kodierer& lang(std::uint8_t token, const std::string& wert);
+    Kodierer& zahl(std::uint8_t token, std::uint32_t wert, int breite);
+    Kodierer& ende() { return zahl(0x80, 0, 1); }
+};
+// A whole file: header (date 2023-04-05, time 06:07:08), picture, data; packed
+// blocks when asked (u32 length + zlib stream).
+std::string boxDatei(const std::string& daten, const std::string& bild = std::string(),
+                     int bildTyp = 0, bool bildPacken = false, bool datenPacken = false);
+
+// Lines of a text file (without "\n" / "\r\n").
+std::vector<std::string> zeilenVon(const std::string& pfad);
+
+}  // namespace dv::test
