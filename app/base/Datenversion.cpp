@@ -29,6 +29,7 @@ std::string istZeile(const DatenVersionSatz& v) { return zeile("Ist  : %d.%d.%d.
 std::string sollZeile(const DatenVersionSatz& v) { return zeile("Soll : %d.%d.%d.%d - %s", v); }
 
 bool pruefeDatenversion(Katalog& katalog, Protokoll& protokoll, Benutzer& benutzer) {
+    const std::string vorher = protokoll.meldungsDatei();
     protokoll.setzeMeldungsDatei(std::string("datenversion") + ".log");
     protokoll.fs().loesche(protokoll.meldungsPfad());
     const VersionsVergleich v = vergleicheVersion(katalog);
@@ -42,7 +43,7 @@ bool pruefeDatenversion(Katalog& katalog, Protokoll& protokoll, Benutzer& benutz
         protokoll.meldung("### Falsche Datenversion entdeckt ###");
         protokoll.meldung("Bitte schauen Sie bzgl. dieses Problems auf den Internetseiten der ZELKA nach.");
     }
-    protokoll.setzeMeldungsDatei("meldung.log");
+    protokoll.setzeMeldungsDatei(vorher);
     if (!v.passt) {
         char text[512];
         std::snprintf(text, sizeof text,

@@ -36,8 +36,10 @@ bool Einstellungen::getZahl(const char* name, std::uint32_t& wert) {
     if (!vorhanden()) return false;
     auto s = oeffne(datei_);
     const QVariant v = s->value(QString::fromLatin1(name));
+    // A text stored under the name is neither read as a number nor overwritten.
+    if (v.isValid() && !istZahl(v)) return false;
     bool ok = false;
-    const std::uint32_t gelesen = istZahl(v) ? v.toUInt(&ok) : 0;
+    const std::uint32_t gelesen = v.isValid() ? v.toUInt(&ok) : 0;
     if (ok) {
         wert = gelesen;
     } else {

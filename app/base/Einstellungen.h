@@ -31,7 +31,8 @@ public:
     std::string dateiPfad() const;
     bool vorhanden() const;
 
-    // Generic number: a missing value is created with the caller's value.
+    // Generic number: a missing value is created with the caller's value; a text
+    // stored under the name gives false and is left alone.
     bool getZahl(const char* name, std::uint32_t& wert);
     bool setZahl(const char* name, std::uint32_t wert);
     // Generic text, at most 255 bytes.

@@ -60,12 +60,24 @@ std::string umlauteUmschreiben(const std::string& text) {
 
 namespace {
 
+// Lower case of a Windows-1252 byte: the ASCII letters, the accented capitals
+// À to Þ (without ×) and the four capitals of the 0x80 row.
+unsigned char klein(unsigned char c) {
+    if ((c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7))
+        return static_cast<unsigned char>(c + 32);
+    switch (c) {
+        case 0x8A: return 0x9A;  // Š
+        case 0x8C: return 0x9C;  // Œ
+        case 0x8E: return 0x9E;  // Ž
+        case 0x9F: return 0xFF;  // Ÿ
+        default: return c;
+    }
+}
+
 int vergleicheOhneFall(const char* a, const char* b) {
     for (;; ++a, ++b) {
-        auto x = static_cast<unsigned char>(*a);
-        auto y = static_cast<unsigned char>(*b);
-        if (x >= 'A' && x <= 'Z') x = static_cast<unsigned char>(x + 32);
-        if (y >= 'A' && y <= 'Z') y = static_cast<unsigned char>(y + 32);
+        const unsigned char x = klein(static_cast<unsigned char>(*a));
+        const unsigned char y = klein(static_cast<unsigned char>(*b));
         if (x != y || x == 0) return x - y;
     }
 }
@@ -81,6 +93,8 @@ int vergleicheKnoten(const void* a, const void* b) {
 }  // namespace
 
 int vergleicheBoxTitel(const char* a, const char* b) {
+    if (!a) a = "";
+    if (!b) b = "";
     if (!hatUmlaut(a) && !hatUmlaut(b)) return vergleicheOhneFall(a, b);
     const std::string x = hatUmlaut(a) ? umlauteUmschreiben(a) : std::string(a);
     const std::string y = hatUmlaut(b) ? umlauteUmschreiben(b) : std::string(b);

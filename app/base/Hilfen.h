@@ -50,7 +50,8 @@ E* sortiereListe(E* kopf, int (*vergleich)(const void*, const void*), const Trac
 }
 
 // Box titles: a title holding any of ä ö ü Ä Ö Ü ß is transcribed (Ae, Oe, Ue,
-// ae, oe, ue, ss), then both are compared without regard to ASCII letter case.
+// ae, oe, ue, ss), then both are compared without regard to letter case (the
+// ASCII letters and the accented letters of the code page). Null counts as "".
 int vergleicheBoxTitel(const char* a, const char* b);
 std::string umlauteUmschreiben(const std::string& text);
 

@@ -35,7 +35,12 @@ void Protokoll::schreibe(const char* nachricht) const {
     const int n = std::snprintf(zeile, sizeof zeile, "<%.2d.%.2d.%.4d %.2d:%.2d:%.2d>: %s\n", z.tag,
                                 z.monat, z.jahr, z.stunde, z.minute, z.sekunde, nachricht);
     if (n < 0) return;
-    std::size_t laenge = std::min<std::size_t>(static_cast<std::size_t>(n), sizeof zeile - 1);
+    std::size_t laenge = static_cast<std::size_t>(n);
+    if (laenge >= sizeof zeile) {
+        // Cut to the buffer, but keep the line end so the next line starts on its own.
+        laenge = sizeof zeile - 1;
+        zeile[laenge - 1] = '\n';
+    }
     std::int64_t groesse = 0;
     {
         auto datei = fs_.oeffne(logPfad_, OeffnenModus::Anhaengen);

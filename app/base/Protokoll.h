@@ -26,6 +26,7 @@ public:
     void setzeMeldungsOrdner(const std::string& ordner) { meldungsOrdner_ = ordner; }
     void setzeMeldungsDatei(const std::string& name) { meldungsDatei_ = name; }
     const std::string& meldungsOrdner() const { return meldungsOrdner_; }
+    const std::string& meldungsDatei() const { return meldungsDatei_; }
     std::string meldungsPfad() const { return meldungsOrdner_ + meldungsDatei_; }
 
     // Appends the formatted text and a newline to the message log, unconditionally.

@@ -80,6 +80,9 @@ bool utf8NachCp1252(std::string_view utf8, std::string& out) {
             if ((f & 0xC0) != 0x80) return false;
             cp = (cp << 6) | (f & 0x3F);
         }
+        // Overlong forms are not UTF-8: they would smuggle in a NUL or a slash.
+        static constexpr char32_t kKleinste[5] = {0, 0, 0x80, 0x800, 0x10000};
+        if (cp < kKleinste[n]) return false;
         char c;
         if (!byteVon(cp, c)) return false;
         ergebnis += c;
@@ -100,11 +103,14 @@ std::string ausQString(const QString& text, bool* ok) {
     std::string out;
     out.reserve(static_cast<std::size_t>(text.size()));
     bool alle = true;
-    for (QChar q : text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar q = text[i];
         char c;
         if (byteVon(q.unicode(), c)) {
             out += c;
         } else {
+            // A character outside the basic plane is one '?', not one per surrogate.
+            if (q.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) ++i;
             out += '?';
             alle = false;
         }
