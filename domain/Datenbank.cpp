@@ -1,8 +1,27 @@
+// Construction and the side texts of films.
+
 #include "domain/Datenbank.h"
+#include "app/base/Hilfen.h"
 
 namespace dv {
 
 Datenbank::Datenbank(SpeicherUmgebung& umgebung, const Ordner& ordner)
     : umgebung_(umgebung), ordner_(ordner), katalog_(umgebung) {}
+
+bool Datenbank::leseInhalt(long filmId, std::string& text) {
+    return leseSeitenDatei(fs(), ordner_.inhalt, filmId, text);
+}
+
+bool Datenbank::schreibeInhalt(long filmId, const std::string& text) {
+    return schreibeSeitenDatei(fs(), ordner_.inhalt, filmId, text);
+}
+
+bool Datenbank::leseKommentar(long filmId, std::string& text) {
+    return leseSeitenDatei(fs(), ordner_.kommentar, filmId, text);
+}
+
+bool Datenbank::schreibeKommentar(long filmId, const std::string& text) {
+    return schreibeSeitenDatei(fs(), ordner_.kommentar, filmId, text);
+}
 
 }  // namespace dv

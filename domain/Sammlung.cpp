@@ -1,0 +1,219 @@
+// The whole collection in one go: every table is read once, its rows are held
+// by id or grouped by owner for this one operation, and the lists are assembled
+// from memory exactly as the per-object builders assemble them.
+
+#include <cstdlib>
+#include <span>
+#include <vector>
+
+#include "domain/Bausteine.h"
+#include "domain/Datenbank.h"
+
+namespace dv {
+namespace {
+
+constexpr const char* kFn = "Datenbank::ladeSammlung";
+
+// The live rows of a table, addressed by id (ids are dense slot numbers).
+template <class Z>
+class NachId {
+  public:
+    template <class T>
+    explicit NachId(T& tab) {
+        tab.scanne([&](const Z& z) {
+            if (z.Id >= static_cast<std::int64_t>(rows_.size())) rows_.resize(z.Id + 1, Z{});
+            rows_[z.Id] = z;
+        });
+    }
+    const Z* finde(long id) const {
+        if (id <= 0 || id >= static_cast<long>(rows_.size()) || rows_[id].Id == 0) return nullptr;
+        return &rows_[id];
+    }
+
+  private:
+    std::vector<Z> rows_;
+};
+
+// The rows of a link table grouped by owner, each group in table (id) order,
+// which is the order in which a select by example returns them.
+template <class Z>
+class NachBesitzer {
+  public:
+    template <class T, class Besitzer>
+    NachBesitzer(T& tab, Besitzer besitzer) {
+        std::vector<Z> alle;
+        std::int32_t hoechster = 0;
+        tab.scanne([&](const Z& z) {
+            if (besitzer(z) <= 0) return;
+            alle.push_back(z);
+            hoechster = std::max(hoechster, besitzer(z));
+        });
+        anfang_.assign(static_cast<std::size_t>(hoechster) + 2, 0);
+        for (const Z& z : alle) ++anfang_[besitzer(z) + 1];
+        for (std::size_t i = 1; i < anfang_.size(); ++i) anfang_[i] += anfang_[i - 1];
+        rows_.resize(alle.size());
+        std::vector<std::uint32_t> naechster(anfang_.begin(), anfang_.end() - 1);
+        for (const Z& z : alle) rows_[naechster[besitzer(z)]++] = z;
+    }
+    std::span<const Z> von(long besitzer) const {
+        if (besitzer <= 0 || besitzer + 1 >= static_cast<long>(anfang_.size())) return {};
+        return {rows_.data() + anfang_[besitzer], rows_.data() + anfang_[besitzer + 1]};
+    }
+    // The group sorted by "Pos", with the permutation that sortUrObjektListe
+    // gives for the same rows in the same order.
+    std::vector<const Z*> sortiert(long besitzer) const {
+        std::vector<const Z*> p;
+        for (const Z& z : von(besitzer)) p.push_back(&z);
+        if (!p.empty()) std::qsort(p.data(), p.size(), sizeof(const Z*), bau::vergleichePos<Z>);
+        return p;
+    }
+
+  private:
+    std::vector<std::uint32_t> anfang_;
+    std::vector<Z> rows_;
+};
+
+class SammlungsLeser {
+  public:
+    explicit SammlungsLeser(Datenbank& db)
+        : db_(db),
+          k_(db.katalog()),
+          dvds_(k_.DVD),
+          filme_(k_.Film),
+          extras_(k_.Extras),
+          genres_(k_.Genre),
+          bildformate_(k_.Bildformate),
+          sprachen_(k_.Sprachen),
+          tonformate_(k_.Tonformate),
+          funktionen_(k_.Funktion),
+          alias_(k_.Alias),
+          personen_(k_.Person),
+          dvdBox_(k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }),
+          dvdFilm_(k_.DVD_Film, erstes),
+          boxExtras_(k_.Box_Extras, erstes),
+          dvdExtras_(k_.DVD_Extras, erstes),
+          filmGenre_(k_.Film_Genre, erstes),
+          filmBildformat_(k_.Film_Bildformat, erstes),
+          filmUntertitel_(k_.Film_Untertitel, erstes),
+          filmFkt_(k_.Film_Fkt, erstes),
+          filmAlias_(k_.Film_Alias, erstes),
+          filmSprachen_(k_.Film_Sprachen, [](const Zeile6& z) { return z.Film_Id; }),
+          filmPerson_(k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; }),
+          titel_(k_.Titel, [](const Zeile4& z) { return z.Fremd_Id; }) {}
+
+    void ladeBox(BoxElement& b) {
+        b.pExtras = objekte(boxExtras_, extras_, b.Id);
+        b.pDvds = bau::kinderListe<DvdElement>(dvdBox_.sortiert(b.Id), [&](const Zeile7& z) {
+            const Zeile9* row = dvds_.finde(z.DVD_Id);
+            return row ? db_.Obj2DvdListe(*row) : nullptr;
+        });
+        for (DvdElement* d = b.pDvds; d; d = d->pNext) ladeDvd(*d);
+    }
+
+  private:
+    static std::int32_t erstes(const Zeile2& z) { return z.DVD_Id; }
+
+    void ladeDvd(DvdElement& d) {
+        d.pExtras = objekte(dvdExtras_, extras_, d.Id);
+        d.pFilme = bau::kinderListe<FilmElement>(dvdFilm_.sortiert(d.Id), [&](const Zeile2& z) {
+            const Zeile5* row = filme_.finde(z.Objekt1_Id);
+            return row ? db_.Obj2FilmListe(*row) : nullptr;
+        });
+        for (FilmElement* f = d.pFilme; f; f = f->pNext) ladeFilm(*f);
+    }
+
+    void ladeFilm(FilmElement& f) {
+        const Zeile4* haupt = nullptr;
+        for (const Zeile4& t : titel_.von(f.Id))
+            if (!haupt || bau::besserTitel(t, *haupt)) haupt = &t;
+        if (haupt) bau::kopiere(f.cpTitel, haupt->cpTitel);
+        f.pGenres = objekte(filmGenre_, genres_, f.Id);
+        f.pBildformate = objekte(filmBildformat_, bildformate_, f.Id);
+        f.pUntertitel = objekte(filmUntertitel_, sprachen_, f.Id);
+        f.pSprachen = sprachenMitTon(f.Id);
+        f.pPersonen = personen(f.Id);
+        f.pFunktionen = funktionen(f.Id);
+    }
+
+    ObjektElement* objekte(const NachBesitzer<Zeile2>& links, const NachId<Zeile1>& lookup,
+                           long besitzer) {
+        ObjektElement* kopf = nullptr;
+        ObjektElement* letzter = nullptr;
+        for (const Zeile2* z : links.sortiert(besitzer)) {
+            const Zeile1* o = lookup.finde(z->Objekt1_Id);
+            if (!o) continue;
+            if (ObjektElement* e = bau::objekt(db_, kFn, *o, nullptr, z->Pos))
+                bau::haengeAn(kopf, letzter, e);
+        }
+        return kopf;
+    }
+
+    ObjektElement* sprachenMitTon(long film) {
+        ObjektElement* kopf = nullptr;
+        ObjektElement* letzter = nullptr;
+        for (const Zeile6* z : filmSprachen_.sortiert(film)) {
+            const Zeile1* s = sprachen_.finde(z->Sprachen_Id);
+            const Zeile1* t = tonformate_.finde(z->Tonformat_Id);
+            if (!s || !t) continue;
+            if (ObjektElement* e = bau::objekt(db_, kFn, *s, t, z->Pos))
+                bau::haengeAn(kopf, letzter, e);
+        }
+        return kopf;
+    }
+
+    PersonenElement* personen(long film) {
+        PersonenElement* kopf = nullptr;
+        PersonenElement* letzter = nullptr;
+        for (const Zeile3* z : filmPerson_.sortiert(film)) {
+            const Zeile8* p = personen_.finde(z->Person_Id);
+            if (!p) continue;
+            ListenElement* aliasKopf = nullptr;
+            ListenElement* aliasLetzter = nullptr;
+            for (const Zeile2* a : filmAlias_.sortiert(z->Id)) {
+                const Zeile1* row = alias_.finde(a->Objekt1_Id);
+                ListenElement* knoten = row ? bau::aliasKnoten(db_, kFn, *row) : nullptr;
+                if (knoten) bau::haengeAn(aliasKopf, aliasLetzter, knoten);
+            }
+            if (PersonenElement* e = bau::person(db_, kFn, *z, *p, aliasKopf))
+                bau::haengeAn(kopf, letzter, e);
+        }
+        return kopf;
+    }
+
+    FktElement* funktionen(long film) {
+        FktElement* kopf = nullptr;
+        FktElement* letzter = nullptr;
+        for (const Zeile2* z : filmFkt_.sortiert(film)) {
+            const Zeile1* f = funktionen_.finde(z->Objekt1_Id);
+            if (!f) continue;
+            if (FktElement* e = bau::funktion(db_, kFn, *f, z->Pos))
+                bau::haengeAn(kopf, letzter, e);
+        }
+        return kopf;
+    }
+
+    Datenbank& db_;
+    Katalog& k_;
+    NachId<Zeile9> dvds_;
+    NachId<Zeile5> filme_;
+    NachId<Zeile1> extras_, genres_, bildformate_, sprachen_, tonformate_, funktionen_, alias_;
+    NachId<Zeile8> personen_;
+    NachBesitzer<Zeile7> dvdBox_;
+    NachBesitzer<Zeile2> dvdFilm_, boxExtras_, dvdExtras_, filmGenre_, filmBildformat_,
+        filmUntertitel_, filmFkt_, filmAlias_;
+    NachBesitzer<Zeile6> filmSprachen_;
+    NachBesitzer<Zeile3> filmPerson_;
+    NachBesitzer<Zeile4> titel_;
+};
+
+}  // namespace
+
+BoxListe Datenbank::ladeSammlung() {
+    BoxListe boxen = getBoxListe();
+    if (!boxen) return boxen;
+    SammlungsLeser leser(*this);
+    for (BoxElement* b = boxen.get(); b; b = b->pNext) leser.ladeBox(*b);
+    return boxen;
+}
+
+}  // namespace dv
