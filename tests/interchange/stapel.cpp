@@ -1,0 +1,189 @@
+// Export of all boxes and the import of several box files.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+
+#include "interchange/Austausch.h"
+#include "tests/interchange/Austauschtest.h"
+#include "tests/support/FakeBenutzer.h"
+#include "tests/support/FehlerDateisystem.h"
+
+using namespace dv;
+using namespace dv::test;
+
+namespace {
+
+// Counts how often each table file is opened.
+class ZaehlendesDateisystem : public FehlerDateisystem {
+public:
+    std::map<std::string, int> oeffnungen;
+    std::unique_ptr<Datei> oeffne(const std::string& pfad, OeffnenModus modus, int* fehler) override {
+        if (pfad.size() > 4 && pfad.compare(pfad.size() - 4, 4, ".dat") == 0) ++oeffnungen[pfad];
+        return FehlerDateisystem::oeffne(pfad, modus, fehler);
+    }
+    int hoechste() const {
+        int h = 0;
+        for (const auto& [p, n] : oeffnungen) h = std::max(h, n);
+        return h;
+    }
+};
+
+std::vector<std::string> dateienIn(const std::string& ordner) {
+    std::vector<std::string> v;
+    for (const auto& e : std::filesystem::directory_iterator(ordner)) v.push_back(e.path().filename().string());
+    std::sort(v.begin(), v.end());
+    return v;
+}
+
+}  // namespace
+
+TEST(StapelExport, FortschrittDateienUndNichtExportierte) {
+    Katalogumgebung k;
+    k.db->neueBox("111", "Abcdefghijklmnopqrstuvwxy", 0);          // 25 characters
+    const long lang = k.db->neueBox("222", "Bbcdefghijklmnopqrstuvwxyz", 0);  // 26
+    const long kaputt = k.db->neueBox("333", "Cover kaputt", 0);
+    (void)lang;
+    schreibeDatei(k.ordner.cover + std::to_string(kaputt) + ".tif", "TIF");
+    FakeBenutzer nutzer;
+    Einstellungen e(k.basis / "e.conf");
+    Austausch a(*k.db, k.ordner, nutzer, e);
+    TempOrdner ziel;
+    const StapelExportErgebnis r = a.exportiereAlle(ziel.pfad(), false);
+    EXPECT_EQ(r.gesamt, 3);
+    EXPECT_EQ(r.exportiert, 2);
+    EXPECT_EQ(nutzer.fortschritte,
+              (std::vector<std::string>{
+                  "Exportiere Box 1 von 3\r\n111.box\r\n{Abcdefghijklmnopqrstuvwxy}\r\nNicht exportierte Boxen: 0",
+                  "Exportiere Box 2 von 3\r\n222.box\r\n{Bbcdefghijklmnopqrstuvwxy...}\r\nNicht exportierte Boxen: 0",
+                  "Exportiere Box 3 von 3\r\n333.box\r\n{Cover kaputt}\r\nNicht exportierte Boxen: 0"}));
+    EXPECT_EQ(nutzer.texte, std::vector<std::string>{"\"Cover kaputt\"\r\n"});
+    EXPECT_EQ(dateienIn(ziel.pfad()), (std::vector<std::string>{"111.box", "222.box"}));
+    EXPECT_EQ(a.letzterExportOrdner(), ziel.pfad());
+    EXPECT_EQ(exportFortschritt(1, 1, "9", "x", 4), "Exportiere Box 1 von 1\r\n9.box\r\n{x}\r\nNicht exportierte Boxen: 4");
+}
+
+TEST(StapelExport, SchreibfehlerWerdenGezaehltUndDieRundeLaeuftWeiter) {
+    FehlerDateisystem fs;
+    Katalogumgebung k(fs);
+    k.db->neueBox("1", "Eins", 0);
+    k.db->neueBox("2", "Zwei", 0);
+    k.db->neueBox("3", "Drei", 0);
+    FakeBenutzer nutzer;
+    Einstellungen e(k.basis / "e.conf");
+    Austausch a(*k.db, k.ordner, nutzer, e);
+    TempOrdner ziel;
+    fs.sperre = ziel / "2.box";
+    const StapelExportErgebnis r = a.exportiereAlle(ziel.pfad(), false);
+    EXPECT_EQ(r.exportiert, 2);
+    EXPECT_EQ(r.nichtExportiert, std::vector<std::string>{"Zwei"});
+    EXPECT_EQ(dateienIn(ziel.pfad()), (std::vector<std::string>{"1.box", "3.box"}));
+    // A folder that does not exist: every box is listed, nothing is written.
+    nutzer.texte.clear();
+    const StapelExportErgebnis leer = a.exportiereAlle(ziel / "fehlt/", false);
+    EXPECT_EQ(leer.exportiert, 0);
+    EXPECT_EQ(nutzer.texte, std::vector<std::string>{"\"Drei\"\r\n\"Eins\"\r\n\"Zwei\"\r\n"});
+}
+
+TEST(StapelExport, LiestJedeTabelleNurBegrenztOft) {
+    auto oeffnungen = [](int boxen) {
+        ZaehlendesDateisystem fs;
+        Katalogumgebung k(fs);
+        for (int i = 0; i < boxen; ++i) legeBeispielBoxAn(*k.db, k.ordner, std::to_string(1000 + i));
+        FakeBenutzer nutzer;
+        Einstellungen e(k.basis / "e.conf");
+        Austausch a(*k.db, k.ordner, nutzer, e);
+        TempOrdner ziel;
+        fs.oeffnungen.clear();
+        EXPECT_EQ(a.exportiereAlle(ziel.pfad(), true).exportiert, boxen);
+        return fs.hoechste();
+    };
+    const int zwei = oeffnungen(2);
+    EXPECT_LE(zwei, 3);
+    EXPECT_EQ(oeffnungen(6), zwei);
+}
+
+namespace {
+
+struct StapelFall {
+    StapelFall() {
+        for (const char* ean : {"10", "20", "30"}) {
+            Kodierer c;
+            c.zahl(0x81, 0, 2).text(0x10, std::string("Box ") + ean).text(0x11, ean).ende();
+            pfade.push_back(k.basis / (std::string(ean) + ".box"));
+            schreibeDatei(pfade.back(), boxDatei(c.daten));
+        }
+        schreibeDatei(pfade[1], "kaputt");
+    }
+    std::vector<StapelImportEintrag> los(bool mitInfo) {
+        Einstellungen e(k.basis / "e.conf");
+        Austausch a(*k.db, k.ordner, nutzer, e);
+        return a.stapelImport(pfade, mitInfo, ImportOptionen{});
+    }
+    Katalogumgebung k;
+    FakeBenutzer nutzer;
+    std::vector<std::string> pfade;
+};
+
+}  // namespace
+
+TEST(StapelImport, InfoAbfrageUndLoeschenDerDateien) {
+    StapelFall f;
+    f.nutzer.infoAntworten = {true, true, false};
+    const auto r = f.los(true);
+    ASSERT_EQ(r.size(), 3u);
+    EXPECT_EQ(r[0].ergebnis, ImportErgebnis::Importiert);
+    EXPECT_EQ(r[1].ergebnis, ImportErgebnis::KeineBoxDatei);
+    EXPECT_TRUE(r[2].uebersprungen);
+    EXPECT_EQ(f.k.anzahlBoxen(), 1);
+    for (const auto& p : f.pfade) EXPECT_FALSE(gibtEs(p)) << p;  // all consumed, whatever happened
+    EXPECT_TRUE(f.nutzer.fragen.empty());
+}
+
+TEST(StapelImport, OhneInfoUndStrgMitNein) {
+    StapelFall f;
+    f.nutzer.unterbrechungen = {false, true, false};
+    f.nutzer.antworten = {false};
+    const auto r = f.los(false);
+    ASSERT_EQ(r.size(), 3u);
+    ASSERT_EQ(f.nutzer.fragen.size(), 1u);
+    EXPECT_EQ(f.nutzer.fragen[0].titel, "Import abbrechen");
+    EXPECT_EQ(f.nutzer.fragen[0].text, "Importierte Boxen: 1\nNoch weitere Boxen: 1\nImport wirklich abbrechen?");
+    EXPECT_EQ(f.k.anzahlBoxen(), 2);
+    for (const auto& p : f.pfade) EXPECT_FALSE(gibtEs(p));
+}
+
+TEST(StapelImport, StrgMitJaBehaeltDieDatei) {
+    StapelFall f;
+    f.nutzer.unterbrechungen = {true};
+    f.nutzer.antworten = {true};
+    const auto r = f.los(false);
+    ASSERT_EQ(r.size(), 1u);
+    EXPECT_TRUE(r[0].behalten);
+    EXPECT_EQ(r[0].ergebnis, ImportErgebnis::Importiert);
+    EXPECT_EQ(f.nutzer.fragen[0].text, "Importierte Boxen: 1\nNoch weitere Boxen: 2\nImport wirklich abbrechen?");
+    for (const auto& p : f.pfade) EXPECT_TRUE(gibtEs(p));
+    EXPECT_EQ(f.k.anzahlBoxen(), 1);
+}
+
+TEST(StapelImport, InfoFelderAusDerVorschau) {
+    // The info dialog is only recorded by count in the fake; check the fields through
+    // a user that keeps them.
+    struct Merker : FakeBenutzer {
+        std::vector<std::vector<std::pair<std::string, std::string>>> felder;
+        bool info(const std::string& t, const std::vector<std::pair<std::string, std::string>>& f) override {
+            EXPECT_EQ(t, "Import-Info");
+            felder.push_back(f);
+            return false;
+        }
+    } merker;
+    StapelFall f;
+    Einstellungen e(f.k.basis / "e.conf");
+    Austausch a(*f.k.db, f.k.ordner, merker, e);
+    a.stapelImport({f.pfade[0]}, true, ImportOptionen{});
+    ASSERT_EQ(merker.felder.size(), 1u);
+    EXPECT_EQ(merker.felder[0], (std::vector<std::pair<std::string, std::string>>{
+                                    {"Box-Titel:", "Box 10"}, {"EAN:", "10"}, {"Anzahl Dvds:", "0"},
+                                    {"Exportiert am:", "05.04.2023 06:07:08"}}));
+    EXPECT_EQ(f.k.anzahlBoxen(), 0);
+}
