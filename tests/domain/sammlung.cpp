@@ -1,0 +1,185 @@
+// The whole-collection reader against the per-object builders, on generated
+// collections, intact and damaged; and how often it opens each table file.
+
+#include <map>
+#include <sstream>
+
+#include "bench/generator/Generator.h"
+#include "tests/domain/DomainUmgebung.h"
+
+namespace dv {
+namespace {
+
+// Every field of a tree except pointers, one line per element.
+class Abbild {
+  public:
+    std::string von(const BoxElement* b) {
+        for (; b; b = b->pNext) {
+            s_ << "Box " << b->Id << ' ' << b->cpEAN << '|' << b->cpText << '|' << b->Verpackungs_Id
+               << ' ' << b->Zusatz_Id << ' ' << int{b->bAnsicht1} << '\n';
+            objekte("  BoxExtra", b->pExtras);
+            for (const DvdElement* d = b->pDvds; d; d = d->pNext) dvd(*d);
+        }
+        return s_.str();
+    }
+
+  private:
+    void dvd(const DvdElement& d) {
+        s_ << " Dvd " << d.Id << ' ' << d.Index << ' ' << d.cpText << '|' << d.Jahr << ' '
+           << int{d.RC} << ' ' << int{d.Opt} << ' ' << d.Formate_Id << ' ' << d.SN << ' '
+           << d.Laenge << ' ' << d.BytesLow << ' ' << d.BytesHigh << '\n';
+        objekte("  DvdExtra", d.pExtras);
+        for (const FilmElement* f = d.pFilme; f; f = f->pNext) film(*f);
+    }
+    void film(const FilmElement& f) {
+        s_ << "  Film " << f.Id << ' ' << f.Index << ' ' << f.cpTitel << '|' << int{f.FSK} << ' '
+           << f.Laenge << ' ' << f.Jahr << '\n';
+        objekte("   Genre", f.pGenres);
+        objekte("   Bild", f.pBildformate);
+        objekte("   Unter", f.pUntertitel);
+        objekte("   Sprache", f.pSprachen);
+        for (const PersonenElement* p = f.pPersonen; p; p = p->pNext) {
+            s_ << "   Person " << p->lVerknuepfung << ' ' << p->lFunktion << ' ' << p->lPos << ' '
+               << p->pPerson->zeile.Id << ' ' << p->pPerson->zeile.cpName << '|'
+               << p->pPerson->zeile.cpVorname << '|' << p->pPerson->zeile.Instanz;
+            for (const ListenElement* a = p->pAlias; a; a = a->pNext) {
+                const auto& z = *static_cast<const Zeile1*>(a->pObjekt);
+                s_ << " [" << z.Id << ' ' << z.cpText << ']';
+            }
+            s_ << '\n';
+        }
+        for (const FktElement* k = f.pFunktionen; k; k = k->pNext)
+            s_ << "   Fkt " << k->Id << ' ' << k->sWert << ' ' << k->cpText << '\n';
+    }
+    void objekte(const char* art, const ObjektElement* e) {
+        for (; e; e = e->pNext) {
+            s_ << art << ' ' << e->Id << ' ' << e->Id2 << ' ' << e->lPos << ' '
+               << e->pObjekt1->zeile.cpText;
+            if (e->pObjekt2) s_ << " / " << e->pObjekt2->zeile.cpText;
+            s_ << '\n';
+        }
+    }
+    std::ostringstream s_;
+};
+
+// Counts how often each file is opened.
+class ZaehlDateisystem : public Dateisystem {
+  public:
+    std::map<std::string, int> oeffnungen;
+    std::unique_ptr<Datei> oeffne(const std::string& p, OeffnenModus m, int* f) override {
+        ++oeffnungen[p.substr(p.find_last_of('/') + 1)];
+        return echt().oeffne(p, m, f);
+    }
+    bool existiert(const std::string& p) override { return echt().existiert(p); }
+    bool istOrdner(const std::string& p) override { return echt().istOrdner(p); }
+    bool erzeugeOrdner(const std::string& p) override { return echt().erzeugeOrdner(p); }
+    bool loesche(const std::string& p) override { return echt().loesche(p); }
+    bool kopiere(const std::string& a, const std::string& b) override {
+        return echt().kopiere(a, b);
+    }
+    bool benenneUm(const std::string& a, const std::string& b) override {
+        return echt().benenneUm(a, b);
+    }
+    std::vector<OrdnerEintrag> liste(const std::string& o) override { return echt().liste(o); }
+
+  private:
+    static Dateisystem& echt() { return echtesDateisystem(); }
+};
+
+// A Datenbank on a generated collection.
+struct GenerierteSammlung {
+    explicit GenerierteSammlung(std::uint64_t saat, Dateisystem& fs = echtesDateisystem()) {
+        generator::Groessen g;
+        g.boxen = 40;
+        g.dvds = 70;
+        g.filme = 150;
+        g.personen = 90;
+        g.genres = 25;
+        g.bildformate = 15;
+        g.saat = saat;
+        std::string fehler;
+        EXPECT_TRUE(generator::erzeugeSammlung(tmp.pfad(), g, nullptr, &fehler)) << fehler;
+        ordner.setzeBasis(tmp.pfad());
+        spur.setzeMaske(kTraceSpeicher);
+        su.fs = &fs;
+        su.trace = &spur;
+        su.datenOrdner = ordner.daten;
+        db = std::make_unique<Datenbank>(su, ordner);
+    }
+    std::string proObjekt() {
+        auto boxen = db->getBoxListe();
+        for (BoxElement* b = boxen.get(); b; b = b->pNext) db->ladeBox(*b);
+        return Abbild().von(boxen.get());
+    }
+    std::string ganz() {
+        auto boxen = db->ladeSammlung();
+        return Abbild().von(boxen.get());
+    }
+    test::TempOrdner tmp;
+    Ordner ordner;
+    test::SammelTrace spur;
+    SpeicherUmgebung su;
+    std::unique_ptr<Datenbank> db;
+};
+
+TEST(Sammlung, GleicheListenWieDieEinzelnenBuilder) {
+    for (std::uint64_t saat : {1u, 2u}) {
+        GenerierteSammlung s(saat);
+        const std::string erwartet = s.proObjekt();
+        EXPECT_NE(erwartet.find("   Person"), std::string::npos);
+        EXPECT_NE(erwartet.find(" / "), std::string::npos);
+        EXPECT_NE(erwartet.find(" ["), std::string::npos);  // some aliases
+        EXPECT_EQ(s.ganz(), erwartet) << "Saat " << saat;
+        EXPECT_TRUE(s.spur.offen().empty());
+    }
+}
+
+TEST(Sammlung, GleicheListenAuchMitZeilenDieInsLeereZeigen) {
+    GenerierteSammlung s(3);
+    Katalog& k = s.db->katalog();
+    // Rows that links still name go away; positions collide; links name owners
+    // that do not exist; a box holds a DVD twice.
+    for (long id : {3L, 17L, 40L}) k.DVD.remove(id, true);
+    for (long id : {5L, 6L, 77L, 120L}) k.Film.remove(id, true);
+    for (long id : {2L, 4L}) k.Sprachen.remove(id, true);
+    k.Tonformate.remove(3, true);
+    for (long id : {1L, 8L, 30L}) k.Person.remove(id, true);
+    for (long id : {1L, 2L, 3L}) k.Alias.remove(id, true);
+    k.Genre.remove(1, true);
+    k.Extras.remove(2, true);
+    k.Funktion.remove(2, true);
+    k.Titel.remove(1, true);
+    {
+        auto links = k.DVD_Film.alle();
+        int n = 0;
+        for (ListenElement* e = links.get(); e; e = e->pNext, ++n) {
+            const Zeile2& z = Tabelle2::zeile(e);
+            if (n % 3 == 0) k.DVD_Film.update(z.Id, z.DVD_Id, z.Objekt1_Id, 1);
+        }
+    }
+    k.DVD_Box.insert(5000, 1, 0, 1);
+    k.DVD_Box.insert(1, 2, 0, 1);
+    k.DVD_Film.insert(9999, 1, 1);
+    k.Film_Genre.insert(-3, 1, 1);
+    k.Film_Alias.insert(123456, 4, 1);
+
+    const std::string erwartet = s.proObjekt();
+    EXPECT_EQ(s.ganz(), erwartet);
+    EXPECT_TRUE(s.spur.offen().empty());
+}
+
+TEST(Sammlung, OeffnetJedeTabelleHoechstensEinmal) {
+    ZaehlDateisystem fs;
+    GenerierteSammlung s(4, fs);
+    fs.oeffnungen.clear();
+    { auto alles = s.db->ladeSammlung(); }
+    ASSERT_FALSE(fs.oeffnungen.empty());
+    for (const auto& [datei, n] : fs.oeffnungen) EXPECT_EQ(n, 1) << datei;
+    // The per-object way opens the link tables once per owner.
+    fs.oeffnungen.clear();
+    s.proObjekt();
+    EXPECT_GT(fs.oeffnungen["DVD_Film.dat"], 60);
+}
+
+}  // namespace
+}  // namespace dv
