@@ -1,7 +1,5 @@
 #include "storage/Muster.h"
 
-#include <vector>
-
 namespace dv {
 
 std::string_view ohneRandLeer(std::string_view s) {
@@ -29,47 +27,30 @@ inline bool gleich(char a, char b, bool grossKlein) {
 }  // namespace
 
 bool musterPasst(std::string_view muster, std::string_view wert, bool grossKlein) {
-    // Quick rejections before the full match.
-    if (muster.empty()) return wert.empty();
-    std::size_t sterne = 0;
-    for (char c : muster) sterne += (c == '*');
-    if (wert.empty()) return sterne == muster.size();
-    if (muster.size() - sterne > wert.size()) return false;
-    if (sterne == 0 && wert.size() > muster.size()) return false;
-    if (muster[0] != '*' && muster[0] != '?' && !gleich(muster[0], wert[0], grossKlein))
-        return false;
-    if (sterne == 0) {
-        for (std::size_t i = 0; i < muster.size(); ++i)
-            if (muster[i] != '?' && !gleich(muster[i], wert[i], grossKlein)) return false;
-        return true;
-    }
-
-    // One row over the value's positions, advanced pattern character by pattern
-    // character: row[j] says whether the pattern so far covers the first j bytes.
+    // Walk both texts once; on a mismatch after a star, let that star take one
+    // more character of the value and retry from just behind it. Only the last
+    // star ever needs to be revisited, so this stays linear for usual patterns.
+    const std::size_t m = muster.size();
     const std::size_t n = wert.size();
-    char lokal[257];
-    std::vector<char> gross;
-    char* zeile = lokal;
-    if (n + 1 > sizeof lokal) {
-        gross.resize(n + 1);
-        zeile = gross.data();
-    }
-    zeile[0] = 1;
-    for (std::size_t j = 1; j <= n; ++j) zeile[j] = 0;
-    for (char p : muster) {
-        if (p == '*') {
-            for (std::size_t j = 1; j <= n; ++j) zeile[j] = zeile[j] || zeile[j - 1];
+    std::size_t p = 0, w = 0;
+    std::size_t stern = std::string_view::npos;  // position of the last star seen
+    std::size_t sternWert = 0;                   // value position that star resumes at
+    while (w < n) {
+        if (p < m && muster[p] == '*') {
+            stern = p++;
+            sternWert = w;
+        } else if (p < m && (muster[p] == '?' || gleich(muster[p], wert[w], grossKlein))) {
+            ++p;
+            ++w;
+        } else if (stern != std::string_view::npos) {
+            p = stern + 1;
+            w = ++sternWert;
         } else {
-            bool irgendwas = false;
-            for (std::size_t j = n; j >= 1; --j) {
-                zeile[j] = zeile[j - 1] && (p == '?' || gleich(p, wert[j - 1], grossKlein));
-                irgendwas = irgendwas || zeile[j];
-            }
-            zeile[0] = 0;
-            if (!irgendwas) return false;
+            return false;
         }
     }
-    return zeile[n] != 0;
+    while (p < m && muster[p] == '*') ++p;
+    return p == m;
 }
 
 }  // namespace dv

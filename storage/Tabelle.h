@@ -43,6 +43,9 @@ struct ListenElement {
 
 inline constexpr std::uint32_t kLebendBit = 0x80000000u;
 
+// The trace that drops everything, for tables whose environment has none.
+Trace& stillerTrace();
+
 class Tabelle {
 public:
     Tabelle(SpeicherUmgebung& umgebung, std::string name);
@@ -77,7 +80,7 @@ public:
     void delListe(ListenElement* node) const;
 
     // The environment's trace, or a silent one when none is set.
-    Trace& trace() const;
+    Trace& trace() const { return umgebung_.trace ? *umgebung_.trace : stillerTrace(); }
     SpeicherUmgebung& umgebung() const { return umgebung_; }
 
 protected:

@@ -11,6 +11,7 @@
 #include <bit>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 
@@ -86,18 +87,41 @@ void entpacke(const unsigned char* quelle, Tupel&& t) {
         t);
 }
 
-template <class A, class B>
-bool passtEins(const A& beispiel, const B& wert, bool grossKlein) {
-    if constexpr (istText<A>) {
-        if (beispiel[0] == '\0') return true;
-        return musterPasst(ohneRandLeer(beispiel), ohneRandLeer(wert), grossKlein);
-    } else {
-        if (beispiel <= 0) return true;
-        return beispiel == wert;
-    }
+// A text key of the example, trimmed once for the whole scan. An empty key
+// (first byte NUL) matches any text; one of blanks only matches blank texts.
+struct TextSchluessel {
+    bool beliebig;
+    std::string_view muster;
+};
+
+template <class A>
+auto bereiteEins(const A& beispiel) {
+    if constexpr (istText<A>)
+        return TextSchluessel{beispiel[0] == '\0', ohneRandLeer(beispiel)};
+    else
+        return beispiel;
 }
 
-// Every key of the example matches: a number of 0 or less and an empty text match anything.
+// The example's keys as the scan compares them: texts trimmed, numbers as they are.
+template <class Tupel>
+auto bereite(const Tupel& t) {
+    return std::apply([](const auto&... f) { return std::make_tuple(bereiteEins(f)...); }, t);
+}
+
+template <class B>
+bool passtEins(const TextSchluessel& beispiel, const B& wert, bool grossKlein) {
+    if (beispiel.beliebig) return true;
+    return musterPasst(beispiel.muster, ohneRandLeer(wert), grossKlein);
+}
+
+template <class A, class B>
+bool passtEins(const A& beispiel, const B& wert, bool) {
+    if (beispiel <= 0) return true;
+    return beispiel == wert;
+}
+
+// Every key of the example matches: a number of 0 or less and an empty text match
+// anything. beispiel comes from bereite().
 template <class Tupel, class Tupel2>
 bool passt(const Tupel& beispiel, const Tupel2& wert, bool grossKlein) {
     return [&]<std::size_t... I>(std::index_sequence<I...>) {
@@ -243,9 +267,11 @@ private:
         Zeile z{};
         const bool gk = umgebung_.grossKlein;
         const char* hinweis = beispiel ? feld::ersterText(R::schluessel(*beispiel)) : "";
+        Zeile leer{};
+        const auto schluessel = feld::bereite(R::schluessel(beispiel ? *beispiel : leer));
         const bool ok = scanneRoh([&](long id, const unsigned char* felder) {
             fuelle(id, felder, z);
-            if (beispiel && !feld::passt(R::schluessel(*beispiel), R::schluessel(z), gk)) return;
+            if (beispiel && !feld::passt(schluessel, R::schluessel(z), gk)) return;
             Zeile* row = neueZeile();
             if (!row) return;
             DV_TRACE(trace(), kTraceSpeicher, "[malloc] pNew = [%08x] {%s::select(obj) [hint:[%s]]}",
