@@ -1,0 +1,18 @@
+# Writes AUS: a C++ source holding the files DATEIEN (names below ORDNER, separated
+# by ":") as byte arrays, returned by dv::standardVorlagen(). Run with cmake -P.
+string(REPLACE ":" ";" DATEIEN "${DATEIEN}")
+set(_text "// Generated from output/vorlagen at build time; do not edit.\n")
+string(APPEND _text "#include \"output/Uebersicht.h\"\n\nnamespace dv {\nnamespace {\n")
+set(_liste "")
+set(_i 0)
+foreach(_datei ${DATEIEN})
+  file(READ ${ORDNER}/${_datei} _hex HEX)
+  string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," _bytes "${_hex}")
+  string(APPEND _text "const unsigned char d${_i}[] = {${_bytes}0};\n")
+  string(APPEND _liste "        {\"${_datei}\", std::string(reinterpret_cast<const char*>(d${_i}), sizeof d${_i} - 1)},\n")
+  math(EXPR _i "${_i} + 1")
+endforeach()
+string(APPEND _text "}  // namespace\n\nconst std::vector<EingebauteDatei>& standardVorlagen() {\n")
+string(APPEND _text "    static const std::vector<EingebauteDatei> dateien{\n${_liste}    };\n    return dateien;\n}\n\n}  // namespace dv\n")
+file(WRITE ${AUS}.neu "${_text}")
+file(COPY_FILE ${AUS}.neu ${AUS} ONLY_IF_DIFFERENT)
