@@ -29,8 +29,10 @@ ObjektAntwort FakeBenutzer::objektBestaetigen(const ObjektDialog& dialog) {
     return a;
 }
 
-std::vector<int> FakeBenutzer::waehle(const std::string&, const std::string&,
-                                      const std::vector<std::string>&, bool, int) {
+std::vector<int> FakeBenutzer::waehle(const std::string& titel, const std::string& spalte,
+                                      const std::vector<std::string>& eintraege, bool, int) {
+    auswahlDialoge.push_back({titel, spalte, Symbol::Keins});
+    auswahlEintraege.push_back(eintraege);
     return nimm(auswahlen, std::vector<int>{});
 }
 

@@ -30,6 +30,9 @@ public:
     std::vector<std::string> fortschritte;
     std::vector<std::string> texte;
     std::vector<std::string> ablage;
+    // Each waehle(): caption and column (in text), and the entries offered.
+    std::vector<Gezeigt> auswahlDialoge;
+    std::vector<std::vector<std::string>> auswahlEintraege;
 
     bool frage(const std::string& titel, const std::string& text) override;
     void meldung(const std::string& titel, const std::string& text, Symbol symbol) override;

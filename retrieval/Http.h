@@ -1,0 +1,23 @@
+#pragma once
+// Synchronous HTTP downloads (libcurl) for the web import: one URL into memory,
+// bounded in time and size, HTTP and HTTPS only (redirects included).
+
+#include <cstddef>
+#include <string>
+
+namespace dv {
+
+struct HttpGrenzen {
+    long verbindenSekunden = 15;   // connect time-out
+    long stillstandSekunden = 30;  // abort when less than 1 byte/s arrives for this long
+    long gesamtSekunden = 600;     // the whole transfer
+    std::size_t maxBytes = 64u << 20;  // larger bodies are refused
+};
+
+// Fetches url into daten. On failure returns false with a German text in fehler
+// that begins "Error: HTTP" ("Error: HTTP 404", "Error: HTTP-Verbindung: ...").
+// A body cut short, one larger than maxBytes, and a time-out all fail.
+bool holeUrl(const std::string& url, const HttpGrenzen& grenzen, std::string& daten,
+             std::string& fehler);
+
+}  // namespace dv
