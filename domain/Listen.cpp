@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 
 #include "app/base/Hilfen.h"
@@ -11,10 +12,19 @@
 namespace dv {
 namespace {
 
-int vergleicheBoxElemente(const void* a, const void* b) {
-    const auto* x = *static_cast<BoxElement* const*>(a);
-    const auto* y = *static_cast<BoxElement* const*>(b);
-    return vergleicheBoxTitel(x->cpText, y->cpText);
+// A box with the sort key of its title, linked like the boxes themselves, so that
+// the keys are made once per box and not in every comparison.
+struct BoxSchluessel {
+    std::string schluessel;
+    BoxElement* box;
+    BoxSchluessel* pPrev;
+    BoxSchluessel* pNext;
+};
+
+int vergleicheBoxSchluessel(const void* a, const void* b) {
+    const auto* x = *static_cast<BoxSchluessel* const*>(a);
+    const auto* y = *static_cast<BoxSchluessel* const*>(b);
+    return std::strcmp(x->schluessel.c_str(), y->schluessel.c_str());
 }
 
 }  // namespace
@@ -60,7 +70,21 @@ FilmElement* Datenbank::Obj2FilmListe(const Zeile5& z) {
 }
 
 BoxElement* Datenbank::sortBoxListe(BoxElement* kopf) {
-    return sortiereListe(kopf, vergleicheBoxElemente, trace(), "CApplikation::sortBoxListe");
+    if (!kopf) return kopf;
+    while (kopf->pPrev) kopf = kopf->pPrev;
+    std::vector<BoxSchluessel> v;
+    for (BoxElement* b = kopf; b; b = b->pNext)
+        v.push_back({boxTitelSchluessel(b->cpText), b, nullptr, nullptr});
+    for (std::size_t i = 0; i < v.size(); ++i) {
+        v[i].pPrev = i > 0 ? &v[i - 1] : nullptr;
+        v[i].pNext = i + 1 < v.size() ? &v[i + 1] : nullptr;
+    }
+    BoxSchluessel* s =
+        sortiereListe(&v[0], vergleicheBoxSchluessel, trace(), "CApplikation::sortBoxListe");
+    BoxElement* neu = nullptr;
+    BoxElement* letzter = nullptr;
+    for (; s; s = s->pNext) bau::haengeAn(neu, letzter, s->box);
+    return neu;
 }
 
 // ---- Builders ------------------------------------------------------------

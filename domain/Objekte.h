@@ -9,8 +9,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <string>
 
+#include "domain/Vorrat.h"
 #include "storage/Satzarten.h"
 
 namespace dv {
@@ -56,10 +58,22 @@ inline constexpr int kTitelAlternativ = 3;
 struct Satz {
     virtual ~Satz() = default;
 };
+// Its memory comes from a BlockVorrat (see domain/Vorrat.h); create it with new
+// (std::nothrow) and destroy it with delete as any heap object.
 template <class Z>
 struct SatzKopie final : Satz {
     explicit SatzKopie(const Z& z) : zeile(z) {}
     Z zeile;
+
+    static void* operator new(std::size_t n) {
+        void* p = operator new(n, std::nothrow);
+        if (!p) throw std::bad_alloc();
+        return p;
+    }
+    static void* operator new(std::size_t, const std::nothrow_t&) noexcept {
+        return vorratFuer<sizeof(SatzKopie)>().hole();
+    }
+    static void operator delete(void* p) noexcept { vorratFuer<sizeof(SatzKopie)>().gib(p); }
 };
 using LookupSatz = SatzKopie<Zeile1>;  // a row of any lookup table
 using PersonSatz = SatzKopie<Zeile8>;

@@ -2,6 +2,7 @@
 // by id or grouped by owner for this one operation, and the lists are assembled
 // from memory exactly as the per-object builders assemble them.
 
+#include <algorithm>
 #include <cstdlib>
 #include <span>
 #include <vector>
@@ -54,21 +55,62 @@ class NachBesitzer {
         rows_.resize(alle.size());
         std::vector<std::uint32_t> naechster(anfang_.begin(), anfang_.end() - 1);
         for (const Z& z : alle) rows_[naechster[besitzer(z)]++] = z;
+        sortiereGruppen();
     }
+    // The rows of one owner, in "Pos" order.
     std::span<const Z> von(long besitzer) const {
         if (besitzer <= 0 || besitzer + 1 >= static_cast<long>(anfang_.size())) return {};
         return {rows_.data() + anfang_[besitzer], rows_.data() + anfang_[besitzer + 1]};
     }
-    // The group sorted by "Pos", with the permutation that sortUrObjektListe
-    // gives for the same rows in the same order.
-    std::vector<const Z*> sortiert(long besitzer) const {
-        std::vector<const Z*> p;
-        for (const Z& z : von(besitzer)) p.push_back(&z);
-        if (!p.empty()) std::qsort(p.data(), p.size(), sizeof(const Z*), bau::vergleichePos<Z>);
-        return p;
-    }
+    // The same as pointers, as the list builders take them.
+    struct Zeiger {
+        struct It {
+            const Z* p;
+            const Z* operator*() const { return p; }
+            It& operator++() {
+                ++p;
+                return *this;
+            }
+            bool operator!=(const It& o) const { return p != o.p; }
+        };
+        std::span<const Z> s;
+        It begin() const { return {s.data()}; }
+        It end() const { return {s.data() + s.size()}; }
+    };
+    Zeiger sortiert(long besitzer) const { return {von(besitzer)}; }
 
   private:
+    // Puts each group in "Pos" order, once. Where the positions of a group all
+    // differ, any sort gives that order; where some are equal, qsort on the rows
+    // in table order gives the permutation that sortUrObjektListe gives.
+    void sortiereGruppen() {
+        std::vector<Z> tmp;
+        std::vector<const Z*> zeiger;
+        for (std::size_t g = 0; g + 1 < anfang_.size(); ++g) {
+            Z* a = rows_.data() + anfang_[g];
+            const std::size_t n = anfang_[g + 1] - anfang_[g];
+            if (n < 2) continue;
+            tmp.assign(a, a + n);
+            bool gleich = false;
+            for (std::size_t i = 1; i < n && !gleich; ++i) {
+                const Z x = tmp[i];
+                std::size_t j = i;
+                for (; j > 0 && tmp[j - 1].Pos >= x.Pos; --j) {
+                    if (tmp[j - 1].Pos == x.Pos) gleich = true;
+                    tmp[j] = tmp[j - 1];
+                }
+                tmp[j] = x;
+            }
+            if (gleich) {
+                zeiger.clear();
+                for (std::size_t i = 0; i < n; ++i) zeiger.push_back(a + i);
+                std::qsort(zeiger.data(), n, sizeof(const Z*), bau::vergleichePos<Z>);
+                for (std::size_t i = 0; i < n; ++i) tmp[i] = *zeiger[i];
+            }
+            std::copy(tmp.begin(), tmp.end(), a);
+        }
+    }
+
     std::vector<std::uint32_t> anfang_;
     std::vector<Z> rows_;
 };
@@ -212,7 +254,13 @@ BoxListe Datenbank::ladeSammlung() {
     BoxListe boxen = getBoxListe();
     if (!boxen) return boxen;
     SammlungsLeser leser(*this);
-    for (BoxElement* b = boxen.get(); b; b = b->pNext) leser.ladeBox(*b);
+    // Boxes in id order: ids follow the order in which the collection was entered,
+    // so the rows of each table are then visited mostly front to back.
+    std::vector<BoxElement*> nachId;
+    for (BoxElement* b = boxen.get(); b; b = b->pNext) nachId.push_back(b);
+    std::sort(nachId.begin(), nachId.end(),
+              [](const BoxElement* a, const BoxElement* b) { return a->Id < b->Id; });
+    for (BoxElement* b : nachId) leser.ladeBox(*b);
     return boxen;
 }
 

@@ -101,6 +101,12 @@ int vergleicheBoxTitel(const char* a, const char* b) {
     return vergleicheOhneFall(x.c_str(), y.c_str());
 }
 
+std::string boxTitelSchluessel(const char* titel) {
+    std::string s = umlauteUmschreiben(titel ? titel : "");
+    for (char& c : s) c = static_cast<char>(klein(static_cast<unsigned char>(c)));
+    return s;
+}
+
 ListenElement* sortUrObjektListe(ListenElement* kopf, const Trace& trace) {
     return sortiereListe(kopf, vergleicheKnoten, trace, "CApplikation::sortUrObjektListe");
 }

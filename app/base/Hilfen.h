@@ -54,6 +54,11 @@ E* sortiereListe(E* kopf, int (*vergleich)(const void*, const void*), const Trac
 // ASCII letters and the accented letters of the code page). Null counts as "".
 int vergleicheBoxTitel(const char* a, const char* b);
 std::string umlauteUmschreiben(const std::string& text);
+// The sort key of a box title: transcribed and folded as vergleicheBoxTitel does,
+// so that two keys compared byte by byte as unsigned numbers (std::strcmp) order
+// like their titles; for sorting many titles without transcribing them again in
+// every comparison.
+std::string boxTitelSchluessel(const char* titel);
 
 // Sorts result-list nodes ascending by their 16-bit value (sWert), as unsigned numbers.
 ListenElement* sortUrObjektListe(ListenElement* kopf, const Trace& trace);

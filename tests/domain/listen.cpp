@@ -3,6 +3,8 @@
 
 #include <cstring>
 
+#include "app/base/Hilfen.h"
+
 #include "tests/domain/DomainUmgebung.h"
 
 namespace dv {
@@ -84,6 +86,21 @@ TEST_F(ListenTest, BoxlisteNachTitelMitUmlautenUndOhneGrossKlein) {
     EXPECT_EQ(boxen->pDvds, nullptr);
     EXPECT_FALSE(u.db->getBox(999));
     EXPECT_FALSE(u.db->getDvd(0));
+}
+
+TEST_F(ListenTest, SortierschluesselOrdnetWieDerTitelvergleich) {
+    const char* titel[] = {"Ärger",   "Aerger", "aerger", "AErger", "Affe",    "adler",
+                           "über",    "Ueber",  "Tal",    "Vogel",  "Straße",  "Strasse",
+                           "STRASSE", "Öl",     "Oel",    "Zürich", "Zuerich", "Élan",
+                           "élan",    "Eis",    "",       "a",      "A",       "Šimek",
+                           "šimek",   "100",    "1000",   "Ÿ",      "ÿ",       "Über alles"};
+    auto vorzeichen = [](int v) { return (v > 0) - (v < 0); };
+    for (const char* a : titel)
+        for (const char* b : titel)
+            EXPECT_EQ(vorzeichen(std::strcmp(boxTitelSchluessel(a).c_str(),
+                                             boxTitelSchluessel(b).c_str())),
+                      vorzeichen(vergleicheBoxTitel(a, b)))
+                << a << " / " << b;
 }
 
 TEST_F(ListenTest, FreigabeVomLetztenElementGibtDieGanzeListeFrei) {

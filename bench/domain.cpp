@@ -1,0 +1,87 @@
+// The catalogue domain on the generated collection of 20,000 boxes (25,000
+// DVDs, 50,000 films): the box list of the tree's root, the whole collection
+// with every list (once and twice the size, to show it grows linearly), and the
+// delete cascade of one film.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "app/base/Ordner.h"
+#include "bench/generator/Generator.h"
+#include "domain/Datenbank.h"
+
+namespace {
+
+using namespace dv;
+
+// A Datenbank on a program folder.
+struct Offen {
+    explicit Offen(const std::string& basis) {
+        ordner.setzeBasis(basis);
+        su.trace = &still;
+        su.datenOrdner = ordner.daten;
+        db = std::make_unique<Datenbank>(su, ordner);
+    }
+    KeinTrace still;
+    Ordner ordner;
+    SpeicherUmgebung su;
+    std::unique_ptr<Datenbank> db;
+};
+
+std::string sammlung(long faktor) {
+    const std::string basis = generator::gecachteSammlung(generator::Groessen().mal(faktor));
+    if (basis.empty()) std::abort();
+    return basis;
+}
+
+void anzahlBoxen(Offen& o, long& boxen) {
+    long dvds = 0, filme = 0;
+    o.db->anzahl(boxen, dvds, filme);
+}
+
+void BM_BoxlisteDerWurzel(benchmark::State& state) {
+    Offen o(sammlung(1));
+    long boxen = 0;
+    anzahlBoxen(o, boxen);
+    for (auto _ : state) {
+        auto liste = o.db->getBoxListe();
+        benchmark::DoNotOptimize(liste.get());
+    }
+    state.counters["Boxen"] = static_cast<double>(boxen);
+}
+BENCHMARK(BM_BoxlisteDerWurzel)->Unit(benchmark::kMillisecond);
+
+void BM_GanzeSammlungMitAllenListen(benchmark::State& state) {
+    Offen o(sammlung(state.range(0)));
+    long filme = 0;
+    for (auto _ : state) {
+        auto alles = o.db->ladeSammlung();
+        benchmark::DoNotOptimize(alles.get());
+    }
+    long boxen = 0, dvds = 0;
+    o.db->anzahl(boxen, dvds, filme);
+    state.counters["Filme"] = static_cast<double>(filme);
+}
+BENCHMARK(BM_GanzeSammlungMitAllenListen)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
+// Deletes one film after the other from a copy of the collection.
+void BM_FilmLoeschenMitKaskade(benchmark::State& state) {
+    const std::string kopie =
+        "/tmp/dorvano-bench-loeschen-" + std::to_string(static_cast<long>(::getpid())) + "/";
+    std::filesystem::remove_all(kopie);
+    std::filesystem::copy(sammlung(1), kopie, std::filesystem::copy_options::recursive);
+    {
+        Offen o(kopie);
+        long film = 1;
+        for (auto _ : state) {
+            if (!o.db->loescheFilm(film++)) state.SkipWithError("Film nicht gelöscht");
+        }
+    }
+    std::filesystem::remove_all(kopie);
+}
+BENCHMARK(BM_FilmLoeschenMitKaskade)->Unit(benchmark::kMillisecond)->Iterations(30);
+
+}  // namespace
