@@ -12,6 +12,12 @@ CApplikation::CApplikation(Benutzer& benutzer, Einstellungen& einstellungen, Dat
     umgebung_.trace = &protokoll_;
     umgebung_.datenOrdner = ordner_.daten;
     db_ = std::make_unique<Datenbank>(umgebung_, ordner_);
+    filter_ = std::make_unique<FilterVerwaltung>(*db_, einstellungen_);
+    austausch_ = std::make_unique<Austausch>(*db_, ordner_, benutzer_, einstellungen_);
+    austausch_->setzeFilterAbfrage([this](ExportArt art) {
+        filter_->aktiviere(art);
+        return filter_->aktiv(art);
+    });
 }
 
 CApplikation::~CApplikation() = default;

@@ -12,6 +12,8 @@
 #include "app/base/Ordner.h"
 #include "app/base/Protokoll.h"
 #include "domain/Datenbank.h"
+#include "interchange/Austausch.h"
+#include "retrieval/Filter.h"
 
 namespace dv {
 
@@ -54,6 +56,11 @@ public:
     bool grossKlein() const { return umgebung_.grossKlein; }
     void setzeGrossKlein(bool an) { umgebung_.grossKlein = an; }
 
+    // Interchange: box files, XML documents, export and import of all boxes. Each
+    // export takes the filter of its kind that is active at that moment.
+    Austausch& austausch() { return *austausch_; }
+    FilterVerwaltung& filter() { return *filter_; }
+
 private:
     Benutzer& benutzer_;
     Einstellungen& einstellungen_;
@@ -62,6 +69,8 @@ private:
     Ordner ordner_;
     SpeicherUmgebung umgebung_;
     std::unique_ptr<Datenbank> db_;
+    std::unique_ptr<FilterVerwaltung> filter_;
+    std::unique_ptr<Austausch> austausch_;
 };
 
 }  // namespace dv

@@ -67,8 +67,11 @@ private:
     // first id of each folded name).
     Tabelle1* tabelle(int typ);
     long findeName(Tabelle1& t, const std::string& name);
-    void ladePersonen();
+    // Looks the keys up in one pass over the person table (the first row of a key wins).
+    void suchePersonen(const std::vector<std::string>& schluessel);
     long findePerson(const ImportPerson& p);
+    // Every person, for the dialog's list; read on first use.
+    const std::vector<Zeile8>& allePersonen();
     void zeile(const std::string& text);
     bool loeseAuf(ImportBox& box);
     bool loeseFilmAuf(ImportFilm& f);
@@ -89,6 +92,7 @@ private:
     std::unordered_map<const Tabelle1*, std::unordered_map<std::string, long>> index_;
     bool personenGeladen_ = false;
     std::vector<Zeile8> personen_;
+    // Person keys looked up so far: the id, or 0 when the table has none.
     std::unordered_map<std::string, long> personIndex_;
 };
 

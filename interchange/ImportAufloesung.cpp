@@ -11,15 +11,31 @@
 namespace dv {
 namespace {
 
+// ASCII letters folded to lower case, as the catalogue's name lookup compares.
+void faltenAn(std::string& ziel, const char* s) {
+    for (; *s; ++s) ziel += (*s >= 'A' && *s <= 'Z') ? static_cast<char>(*s + ('a' - 'A')) : *s;
+}
+
 std::string gefaltet(const std::string& s) {
-    std::string t = s;
-    for (char& c : t)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    std::string t;
+    faltenAn(t, s.c_str());
     return t;
 }
 
+// The key a person matches by: folded last and first name and the instance number.
+void personSchluessel(std::string& k, const char* name, const char* vorname, int instanz) {
+    k.clear();
+    faltenAn(k, name);
+    k += '\t';
+    faltenAn(k, vorname);
+    k += '\t';
+    k += std::to_string(instanz);
+}
+
 std::string personSchluessel(const std::string& name, const std::string& vorname, int instanz) {
-    return gefaltet(name) + '\t' + gefaltet(vorname) + '\t' + std::to_string(instanz);
+    std::string k;
+    personSchluessel(k, name.c_str(), vorname.c_str(), instanz);
+    return k;
 }
 
 // The type's label in the protocol: the singular name of the lookup catalogue.
@@ -134,19 +150,35 @@ bool BoxImport::importObj1(int typ, ImportName& n) {
     return true;
 }
 
-void BoxImport::ladePersonen() {
-    if (personenGeladen_) return;
-    personenGeladen_ = true;
+void BoxImport::suchePersonen(const std::vector<std::string>& schluessel) {
+    std::unordered_map<std::string, long> gesucht;
+    for (const std::string& s : schluessel)
+        if (!personIndex_.count(s)) gesucht.emplace(s, 0);
+    if (gesucht.empty()) return;
+    std::string k;
     db_.katalog().Person.scanne([&](const Zeile8& z) {
-        personen_.push_back(z);
-        personIndex_.emplace(personSchluessel(z.cpName, z.cpVorname, z.Instanz), z.Id);
+        personSchluessel(k, z.cpName, z.cpVorname, z.Instanz);
+        auto it = gesucht.find(k);
+        if (it != gesucht.end() && it->second == 0) it->second = z.Id;
     });
+    personIndex_.insert(gesucht.begin(), gesucht.end());
 }
 
 long BoxImport::findePerson(const ImportPerson& p) {
-    ladePersonen();
-    auto it = personIndex_.find(personSchluessel(p.name, p.vorname, p.instanz));
-    return it == personIndex_.end() ? 0 : it->second;
+    const std::string k = personSchluessel(p.name, p.vorname, p.instanz);
+    suchePersonen({k});
+    return personIndex_[k];
+}
+
+const std::vector<Zeile8>& BoxImport::allePersonen() {
+    if (!personenGeladen_) {
+        personenGeladen_ = true;
+        std::vector<Zeile8> alle;
+        db_.katalog().Person.scanne([&](const Zeile8& z) { alle.push_back(z); });
+        // Persons created by this import so far are in the table already.
+        personen_.swap(alle);
+    }
+    return personen_;
 }
 
 bool BoxImport::importObj8(ImportPerson& p) {
@@ -167,7 +199,7 @@ bool BoxImport::importObj8(ImportPerson& p) {
         d.feldNamen = {"Nachname", "Vorname", "Instanz"};
         d.felder = {p.name, p.vorname, std::to_string(p.instanz)};
         std::vector<std::vector<std::string>> listenFelder;
-        for (const Zeile8& z : personen_) {
+        for (const Zeile8& z : allePersonen()) {
             d.liste.push_back(personText(z.cpName, z.cpVorname) + " (" + std::to_string(z.Instanz) + ")");
             listenFelder.push_back({z.cpName, z.cpVorname, std::to_string(z.Instanz)});
         }
@@ -199,13 +231,15 @@ bool BoxImport::importObj8(ImportPerson& p) {
         fehler_ = true;
         return true;
     }
-    Zeile8 z{};
-    z.Id = static_cast<std::int32_t>(p.id);
-    z.Instanz = static_cast<std::int16_t>(neu.instanz);
-    std::snprintf(z.cpName, sizeof z.cpName, "%s", neu.name.c_str());
-    std::snprintf(z.cpVorname, sizeof z.cpVorname, "%s", neu.vorname.c_str());
-    personen_.push_back(z);
-    personIndex_.emplace(personSchluessel(neu.name, neu.vorname, neu.instanz), p.id);
+    if (personenGeladen_) {
+        Zeile8 z{};
+        z.Id = static_cast<std::int32_t>(p.id);
+        z.Instanz = static_cast<std::int16_t>(neu.instanz);
+        std::snprintf(z.cpName, sizeof z.cpName, "%s", neu.name.c_str());
+        std::snprintf(z.cpVorname, sizeof z.cpVorname, "%s", neu.vorname.c_str());
+        personen_.push_back(z);
+    }
+    personIndex_[personSchluessel(neu.name, neu.vorname, neu.instanz)] = p.id;
     zeile(personZeile("Neu", neu.name, neu.vorname, neu.instanz));
     return true;
 }
@@ -233,6 +267,12 @@ bool BoxImport::loeseAuf(ImportBox& b) {
         for (ImportFilm& f : d.filme)
             if (!loeseFilmAuf(f)) return false;
     }
+    std::vector<std::string> schluessel;
+    for (const ImportDvd& d : b.dvds)
+        for (const ImportFilm& f : d.filme)
+            for (const ImportPerson& p : f.personen)
+                schluessel.push_back(personSchluessel(p.name, p.vorname, p.instanz));
+    suchePersonen(schluessel);
     for (ImportDvd& d : b.dvds)
         for (ImportFilm& f : d.filme)
             for (ImportPerson& p : f.personen)

@@ -15,7 +15,6 @@ using namespace dv::test;
 
 namespace {
 
-
 std::uint32_t u32(const std::string& s, std::size_t pos) {
     return box::leseU32(reinterpret_cast<const unsigned char*>(s.data() + pos));
 }
