@@ -40,6 +40,8 @@ bool CApplikation::starte(const std::string& programmOrdner, std::optional<unsig
     umgebung_.datenOrdner = ordner_.daten;
     if (!fs_.istOrdner(ordner_.daten)) return false;
     katalog().erzeugeDatenbank();
+    // The default overview templates, unless the user has files of those names.
+    installiereStandardVorlagen(fs_, ordner_.vorlagen);
     return true;
 }
 
@@ -52,6 +54,16 @@ void CApplikation::setzeFensterpositionZurueck() {
     haengeZeileAn(fs_, ordner_.meldungen + "reset_wp.log",
                   Protokoll::zeitstempel() +
                       " Die Positionen des Hauptfensters wurden auf Wunsch gelöscht.");
+}
+
+bool CApplikation::validiereDatenbank() {
+    return dv::validiereDatenbank(db(), benutzer_, protokoll_.meldungsOrdner(), ordner_.backups);
+}
+
+bool CApplikation::erzeugeUebersicht(const UebersichtEinstellungen& e, bool oeffnen) {
+    UebersichtUmgebung u{fs_, benutzer_, farben_, ordner_.vorlagen, nullptr};
+    if (oeffnen) u.oeffnen = &oeffneMitStandardprogramm;
+    return dv::erzeugeUebersicht(u, e, sammleUebersichtDaten(db()));
 }
 
 std::string CApplikation::versionsText() { return dv::versionsText(aktuelleVersion()); }

@@ -12,7 +12,9 @@
 #include "app/base/Ordner.h"
 #include "app/base/Protokoll.h"
 #include "domain/Datenbank.h"
+#include "domain/Validierung.h"
 #include "interchange/Austausch.h"
+#include "output/Uebersicht.h"
 #include "retrieval/Filter.h"
 
 namespace dv {
@@ -61,6 +63,15 @@ public:
     Austausch& austausch() { return *austausch_; }
     FilterVerwaltung& filter() { return *filter_; }
 
+    // Validation of the whole catalogue, with the backup of the data folder first
+    // and the log in the message folder. False when declined or not possible.
+    bool validiereDatenbank();
+    // The HTML overview of every box (inputs as in the settings file); the finished
+    // page is opened with the desktop's default program when oeffnen is set.
+    bool erzeugeUebersicht(const UebersichtEinstellungen& e, bool oeffnen);
+    // The colour rotation's counter, kept for the whole program run.
+    FarbZaehler& farbZaehler() { return farben_; }
+
 private:
     Benutzer& benutzer_;
     Einstellungen& einstellungen_;
@@ -69,6 +80,7 @@ private:
     Ordner ordner_;
     SpeicherUmgebung umgebung_;
     std::unique_ptr<Datenbank> db_;
+    FarbZaehler farben_;
     std::unique_ptr<FilterVerwaltung> filter_;
     std::unique_ptr<Austausch> austausch_;
 };

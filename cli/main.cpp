@@ -68,6 +68,8 @@ int main(int argc, char** argv) {
     Register reg(wurzel);
     registriereBasis(reg);
     registriereDvd(reg);
+    registriereAusgabe(reg);
+    registriereWebimport(reg);
 
     try {
         wurzel.parse(argc, argv);
