@@ -208,6 +208,32 @@ std::string infoText(Datenbank& db, int objektTyp, long id) {
     }
 }
 
+std::string objektName(Datenbank& db, int objektTyp, long id) {
+    switch (objektTyp) {
+        case kObjektBox: {
+            auto b = db.getBox(id);
+            return b ? b->cpText : "";
+        }
+        case kObjektDvd: {
+            auto d = db.getDvd(id);
+            return d ? d->cpText : "";
+        }
+        case kObjektFilm: {
+            auto f = db.getFilm(id);
+            return f ? f->cpTitel : "";
+        }
+        default:
+            return "";
+    }
+}
+
+std::string loeschFrage(Datenbank& db, int objektTyp, long id) {
+    const char* format = objektTyp == kObjektBox   ? "Box \"%s\" löschen?"
+                         : objektTyp == kObjektDvd ? "Dvd \"%s\" löschen?"
+                                                   : "Film \"%s\" löschen?";
+    return formatiere(format, objektName(db, objektTyp, id).c_str());
+}
+
 std::string regionalCodes(int rc) {
     std::string text;
     for (int region = 1; region <= 8; ++region) {

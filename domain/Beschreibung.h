@@ -26,6 +26,13 @@ bool zeigeSpieldauer(Datenbank& db, Benutzer& benutzer, int objektTyp, long id);
 // The information text of a box, DVD or film; "" when the object does not exist.
 std::string infoText(Datenbank& db, int objektTyp, long id);
 
+// The name under which an object is shown: a box's or DVD's name, a film's main
+// title; "" when the object does not exist.
+std::string objektName(Datenbank& db, int objektTyp, long id);
+// The main window's delete question: "Box \"%s\" löschen?", "Dvd \"%s\" löschen?"
+// or "Film \"%s\" löschen?" with the object's name.
+std::string loeschFrage(Datenbank& db, int objektTyp, long id);
+
 // The region codes of a DVD's RC byte (bit 0 = region 1 ... bit 7 = region 8)
 // spelled as "1, 2, 5"; "keiner" when no bit is set.
 std::string regionalCodes(int rc);

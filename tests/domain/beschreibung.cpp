@@ -126,6 +126,17 @@ TEST_F(BeschreibungTest, InformationstextEinesFilms) {
               "Inhaltsbeschreibung:\r\nEine Stadt der Zukunft.\r\nKommentar:");
 }
 
+TEST_F(BeschreibungTest, NamenUndLoeschfrage) {
+    const long box = u.box("Die Box");
+    const long dvd = u.dvd(box, "Die Dvd");
+    const long film = u.film(dvd, "Der Film");
+    EXPECT_EQ(loeschFrage(*u.db, kObjektBox, box), "Box \"Die Box\" löschen?");
+    EXPECT_EQ(loeschFrage(*u.db, kObjektDvd, dvd), "Dvd \"Die Dvd\" löschen?");
+    EXPECT_EQ(loeschFrage(*u.db, kObjektFilm, film), "Film \"Der Film\" löschen?");
+    EXPECT_EQ(objektName(*u.db, kObjektFilm, 99), "");
+    EXPECT_EQ(objektName(*u.db, 0, box), "");
+}
+
 TEST_F(BeschreibungTest, Gruende) {
     std::string g = formatiere(gruende::kBezeichnung, "Alien");
     haengeGrundAn(g, formatiere(gruende::kSpracheTonformat, "Deutsch", "DTS"));
