@@ -33,6 +33,21 @@ struct PersonEintrag {
     std::vector<std::string> alias;  // alias names of this link, in order
 };
 
+// What ladeSammlung builds below the boxes. A list needs its owners: extras of
+// DVDs and films imply the DVDs, every list of a film implies the films (which
+// always carry their main title).
+inline constexpr unsigned kUmfangBoxExtras = 1u << 0;
+inline constexpr unsigned kUmfangDvds = 1u << 1;
+inline constexpr unsigned kUmfangDvdExtras = 1u << 2;
+inline constexpr unsigned kUmfangFilme = 1u << 3;
+inline constexpr unsigned kUmfangGenres = 1u << 4;
+inline constexpr unsigned kUmfangBildformate = 1u << 5;
+inline constexpr unsigned kUmfangUntertitel = 1u << 6;
+inline constexpr unsigned kUmfangSprachen = 1u << 7;   // languages with sound formats
+inline constexpr unsigned kUmfangPersonen = 1u << 8;   // persons with their aliases
+inline constexpr unsigned kUmfangFunktionen = 1u << 9;
+inline constexpr unsigned kUmfangAlles = (1u << 10) - 1;
+
 class Datenbank {
   public:
     // umgebung (with its trace) and ordner must outlive the object.
@@ -90,7 +105,10 @@ class Datenbank {
     // The whole collection with everything below each box, the same lists in the
     // same order as getBoxListe + ladeBox, built reading each table a bounded
     // number of times (no per-object selects). Nothing is kept afterwards.
-    BoxListe ladeSammlung();
+    // umfang (kUmfang... bits) limits what is built below the boxes: every list
+    // in it is built exactly as by the whole reader, every other one stays empty,
+    // and tables that only those lists need are not read.
+    BoxListe ladeSammlung(unsigned umfang = kUmfangAlles);
 
     // Live records of Box, DVD and Film.
     void anzahl(long& boxen, long& dvds, long& filme);

@@ -19,8 +19,10 @@ constexpr const char* kFn = "Datenbank::ladeSammlung";
 template <class Z>
 class NachId {
   public:
+    // lesen false: the table is not read and every lookup finds nothing.
     template <class T>
-    explicit NachId(T& tab) {
+    explicit NachId(T& tab, bool lesen = true) {
+        if (!lesen) return;
         tab.scanne([&](const Z& z) {
             if (z.Id >= static_cast<std::int64_t>(rows_.size())) rows_.resize(z.Id + 1, Z{});
             rows_[z.Id] = z;
@@ -41,7 +43,8 @@ template <class Z>
 class NachBesitzer {
   public:
     template <class T, class Besitzer>
-    NachBesitzer(T& tab, Besitzer besitzer) {
+    NachBesitzer(T& tab, Besitzer besitzer, bool lesen = true) {
+        if (!lesen) return;
         std::vector<Z> alle;
         std::int32_t hoechster = 0;
         tab.scanne([&](const Z& z) {
@@ -117,31 +120,34 @@ class NachBesitzer {
 
 class SammlungsLeser {
   public:
-    explicit SammlungsLeser(Datenbank& db)
+    // Tables that no list of the scope needs stay unread; their lists come out empty.
+    SammlungsLeser(Datenbank& db, unsigned u)
         : db_(db),
           k_(db.katalog()),
-          dvds_(k_.DVD),
-          filme_(k_.Film),
-          extras_(k_.Extras),
-          genres_(k_.Genre),
-          bildformate_(k_.Bildformate),
-          sprachen_(k_.Sprachen),
-          tonformate_(k_.Tonformate),
-          funktionen_(k_.Funktion),
-          alias_(k_.Alias),
-          personen_(k_.Person),
-          dvdBox_(k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }),
-          dvdFilm_(k_.DVD_Film, erstes),
-          boxExtras_(k_.Box_Extras, erstes),
-          dvdExtras_(k_.DVD_Extras, erstes),
-          filmGenre_(k_.Film_Genre, erstes),
-          filmBildformat_(k_.Film_Bildformat, erstes),
-          filmUntertitel_(k_.Film_Untertitel, erstes),
-          filmFkt_(k_.Film_Fkt, erstes),
-          filmAlias_(k_.Film_Alias, erstes),
-          filmSprachen_(k_.Film_Sprachen, [](const Zeile6& z) { return z.Film_Id; }),
-          filmPerson_(k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; }),
-          titel_(k_.Titel, [](const Zeile4& z) { return z.Fremd_Id; }) {}
+          dvds_(k_.DVD, u & kUmfangDvds),
+          filme_(k_.Film, u & kUmfangFilme),
+          extras_(k_.Extras, u & (kUmfangBoxExtras | kUmfangDvdExtras)),
+          genres_(k_.Genre, u & kUmfangGenres),
+          bildformate_(k_.Bildformate, u & kUmfangBildformate),
+          sprachen_(k_.Sprachen, u & (kUmfangSprachen | kUmfangUntertitel)),
+          tonformate_(k_.Tonformate, u & kUmfangSprachen),
+          funktionen_(k_.Funktion, u & kUmfangFunktionen),
+          alias_(k_.Alias, u & kUmfangPersonen),
+          personen_(k_.Person, u & kUmfangPersonen),
+          dvdBox_(k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }, u & kUmfangDvds),
+          dvdFilm_(k_.DVD_Film, erstes, u & kUmfangFilme),
+          boxExtras_(k_.Box_Extras, erstes, u & kUmfangBoxExtras),
+          dvdExtras_(k_.DVD_Extras, erstes, u & kUmfangDvdExtras),
+          filmGenre_(k_.Film_Genre, erstes, u & kUmfangGenres),
+          filmBildformat_(k_.Film_Bildformat, erstes, u & kUmfangBildformate),
+          filmUntertitel_(k_.Film_Untertitel, erstes, u & kUmfangUntertitel),
+          filmFkt_(k_.Film_Fkt, erstes, u & kUmfangFunktionen),
+          filmAlias_(k_.Film_Alias, erstes, u & kUmfangPersonen),
+          filmSprachen_(k_.Film_Sprachen, [](const Zeile6& z) { return z.Film_Id; },
+                        u & kUmfangSprachen),
+          filmPerson_(k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; },
+                      u & kUmfangPersonen),
+          titel_(k_.Titel, [](const Zeile4& z) { return z.Fremd_Id; }, u & kUmfangFilme) {}
 
     void ladeBox(BoxElement& b) {
         b.pExtras = objekte(boxExtras_, extras_, b.Id);
@@ -250,10 +256,14 @@ class SammlungsLeser {
 
 }  // namespace
 
-BoxListe Datenbank::ladeSammlung() {
+BoxListe Datenbank::ladeSammlung(unsigned umfang) {
+    // A list needs its owners.
+    if (umfang & (kUmfangAlles & ~(kUmfangBoxExtras | kUmfangDvds | kUmfangDvdExtras)))
+        umfang |= kUmfangFilme;
+    if (umfang & (kUmfangFilme | kUmfangDvdExtras)) umfang |= kUmfangDvds;
     BoxListe boxen = getBoxListe();
     if (!boxen) return boxen;
-    SammlungsLeser leser(*this);
+    SammlungsLeser leser(*this, umfang);
     // Boxes in id order: ids follow the order in which the collection was entered,
     // so the rows of each table are then visited mostly front to back.
     std::vector<BoxElement*> nachId;

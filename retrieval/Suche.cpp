@@ -1,0 +1,210 @@
+#include "retrieval/Suche.h"
+
+#include <memory>
+#include <new>
+#include <utility>
+#include <vector>
+
+#include "retrieval/Auswertung.h"
+
+namespace dv {
+
+namespace {
+
+// Marks ids as seen; ids are dense slot numbers, so a flat array serves.
+class Gesehen {
+  public:
+    // True the first time an id is offered.
+    bool neu(long id) {
+        if (id <= 0) return false;
+        const auto i = static_cast<std::size_t>(id);
+        if (i >= flags_.size()) flags_.resize(i * 2 + 16, 0);
+        if (flags_[i]) return false;
+        flags_[i] = 1;
+        return true;
+    }
+
+  private:
+    std::vector<char> flags_;
+};
+
+// Calls f(box, dvd, film) for every object of the kind once, in catalogue order
+// (dvd and film null where they do not apply).
+template <class F>
+void durchlaufe(const BoxElement* boxen, int typ, F&& f) {
+    Gesehen dvds, filme;
+    for (const BoxElement* b = boxen; b; b = b->pNext) {
+        if (typ == kObjektBox) {
+            f(b, nullptr, nullptr);
+            continue;
+        }
+        for (const DvdElement* d = b->pDvds; d; d = d->pNext) {
+            if (typ == kObjektDvd) {
+                if (dvds.neu(d->Id)) f(b, d, nullptr);
+                continue;
+            }
+            for (const FilmElement* fi = d->pFilme; fi; fi = fi->pNext)
+                if (filme.neu(fi->Id)) f(b, d, fi);
+        }
+    }
+}
+
+}  // namespace
+
+Fortschritt fortschrittUeber(Benutzer& benutzer, std::string text) {
+    auto letzter = std::make_shared<int>(-1);
+    return [&benutzer, text = std::move(text), letzter](int schritt, int gesamt) {
+        const int prozent = gesamt > 0 ? static_cast<int>(100LL * schritt / gesamt) : 100;
+        if (prozent == *letzter && schritt != gesamt) return;
+        *letzter = prozent;
+        benutzer.fortschritt(text, schritt, gesamt);
+    };
+}
+
+Suchergebnis::~Suchergebnis() {
+    leere();
+}
+
+Suchergebnis::Suchergebnis(Suchergebnis&& o) noexcept
+    : objektTyp_(o.objektTyp_),
+      sammlung_(std::move(o.sammlung_)),
+      kopf_(std::exchange(o.kopf_, nullptr)),
+      letzter_(std::exchange(o.letzter_, nullptr)),
+      anzahl_(std::exchange(o.anzahl_, 0)) {}
+
+Suchergebnis& Suchergebnis::operator=(Suchergebnis&& o) noexcept {
+    if (this != &o) {
+        leere();
+        objektTyp_ = o.objektTyp_;
+        sammlung_ = std::move(o.sammlung_);
+        kopf_ = std::exchange(o.kopf_, nullptr);
+        letzter_ = std::exchange(o.letzter_, nullptr);
+        anzahl_ = std::exchange(o.anzahl_, 0);
+    }
+    return *this;
+}
+
+void Suchergebnis::leere() {
+    // Hits first: they point into the collection.
+    while (kopf_) {
+        SearchHit* n = kopf_->next;
+        delete kopf_;
+        kopf_ = n;
+    }
+    letzter_ = nullptr;
+    anzahl_ = 0;
+    sammlung_.reset();
+}
+
+void Suchergebnis::haengeAn(SearchHit* h) {
+    if (letzter_)
+        letzter_->next = h;
+    else
+        kopf_ = h;
+    letzter_ = h;
+    ++anzahl_;
+}
+
+std::string Suchergebnis::statusZeile() const {
+    const char* art = objektTyp_ == kObjektBox   ? "Boxen"
+                      : objektTyp_ == kObjektDvd ? "Dvds"
+                                                 : "Filme";
+    return std::string(art) + ": " + std::to_string(anzahl_) + " Treffer";
+}
+
+Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOptionen& optionen) {
+    Suchergebnis e;
+    if (kriterien.leer()) return e;
+    auswertung::Auswerter auswerter(db, kriterien, optionen.grossKlein);
+    const int typ = auswerter.objektTyp();
+    e.objektTyp_ = typ;
+    if (typ < kObjektBox || typ > kObjektFilm) return e;
+    e.sammlung_ = db.ladeSammlung(auswerter.umfang());
+
+    int gesamt = 0;
+    if (optionen.fortschritt)
+        durchlaufe(e.sammlung_.get(), typ, [&](auto, auto, auto) { ++gesamt; });
+    int schritt = 0;
+    std::string grund;
+    durchlaufe(e.sammlung_.get(), typ,
+               [&](const BoxElement* b, const DvdElement* d, const FilmElement* f) {
+                   bool treffer = false;
+                   if (typ == kObjektBox)
+                       treffer = auswerter.box(*b, grund);
+                   else if (typ == kObjektDvd)
+                       treffer = auswerter.dvd(*d, grund);
+                   else
+                       treffer = auswerter.film(*f, grund);
+                   if (optionen.fortschritt) optionen.fortschritt(++schritt, gesamt);
+                   if (!treffer) return;
+                   auto* h = new (std::nothrow) SearchHit;
+                   if (!h) return;  // the hit is dropped
+                   h->objectType = typ;
+                   h->boxId = b->Id;
+                   h->dvdId = d ? d->Id : 0;
+                   h->filmId = f ? f->Id : 0;
+                   h->reason = grund;
+                   e.haengeAn(h);
+               });
+    return e;
+}
+
+void loeseAuf(Suchergebnis& ergebnis, const Fortschritt& fortschritt) {
+    const int typ = ergebnis.objektTyp();
+    std::vector<const void*> nachId;
+    durchlaufe(ergebnis.sammlung(), typ,
+               [&](const BoxElement* b, const DvdElement* d, const FilmElement* f) {
+                   const long id = f ? f->Id : d ? d->Id : b->Id;
+                   const void* o = f   ? static_cast<const void*>(f)
+                                   : d ? static_cast<const void*>(d)
+                                       : static_cast<const void*>(b);
+                   if (id >= static_cast<long>(nachId.size())) nachId.resize(id + 1, nullptr);
+                   if (!nachId[id]) nachId[id] = o;
+               });
+    auto finde = [&](long id) -> const void* {
+        return id > 0 && id < static_cast<long>(nachId.size()) ? nachId[id] : nullptr;
+    };
+    const int gesamt = static_cast<int>(ergebnis.anzahl());
+    int schritt = 0;
+    for (SearchHit* h = ergebnis.kopf(); h; h = h->next) {
+        if (typ == kObjektBox) h->box = static_cast<const BoxElement*>(finde(h->boxId));
+        if (typ == kObjektDvd) h->dvd = static_cast<const DvdElement*>(finde(h->dvdId));
+        if (typ == kObjektFilm) h->film = static_cast<const FilmElement*>(finde(h->filmId));
+        if (fortschritt) fortschritt(++schritt, gesamt);
+    }
+}
+
+long trefferObjektId(const SearchHit& hit) {
+    switch (hit.objectType) {
+        case kObjektBox:
+            return hit.boxId;
+        case kObjektDvd:
+            return hit.dvdId;
+        case kObjektFilm:
+            return hit.filmId;
+        default:
+            return 0;
+    }
+}
+
+std::string trefferTitel(const SearchHit& hit) {
+    if (hit.box) return hit.box->cpText;
+    if (hit.dvd) return hit.dvd->cpText;
+    if (hit.film) return hit.film->cpTitel;
+    return std::string();
+}
+
+std::string trefferAlsText(const Suchergebnis& ergebnis) {
+    std::string text;
+    for (const SearchHit* h = ergebnis.kopf(); h; h = h->next) {
+        text += trefferTitel(*h);
+        text += '\t';
+        text += h->reason;
+        text += '\t';
+        text += objektTypName(h->objectType);
+        text += "\r\n";
+    }
+    return text;
+}
+
+}  // namespace dv
