@@ -12,11 +12,15 @@
 #include "app/base/Hilfen.h"
 #include "app/base/Zeichensatz.h"
 #include "ui/Fensterposition.h"
+#include "ui/KatalogBaum.h"
 
 namespace dv::ui {
 
 CDorvanoDlg::CDorvanoDlg(CApplikation& app, QWidget* eltern)
-    : QMainWindow(eltern), app_(app), baum_(new QTreeWidget(this)) {
+    : QMainWindow(eltern),
+      app_(app),
+      baum_(new QTreeWidget(this)),
+      katalogBaum_(new KatalogBaum(*baum_, app.db())) {
     setWindowTitle(alsQString(CApplikation::titel()));
     baum_->setHeaderHidden(true);
     baum_->setObjectName(QStringLiteral("katalogBaum"));
@@ -42,30 +46,15 @@ void CDorvanoDlg::leseOptionen() {
 }
 
 std::string CDorvanoDlg::wurzelText(const char* titel, int anzahl) {
-    char text[256];
-    std::snprintf(text, sizeof text, "%s {%d Box%s}", titel, anzahl, anzahl == 1 ? "" : "en");
-    return text;
+    return KatalogBaum::wurzelText(titel, anzahl);
 }
 
 QTreeWidgetItem* CDorvanoDlg::wurzel() const { return baum_->topLevelItem(0); }
 
-void CDorvanoDlg::ladeBaum() {
-    baum_->clear();
-    // One pass over the box table; the tree shows the boxes by title.
-    std::vector<Zeile12> boxen;
-    app_.katalog().Box.scanne([&](const Zeile12& z) { boxen.push_back(z); });
-    std::stable_sort(boxen.begin(), boxen.end(), [](const Zeile12& a, const Zeile12& b) {
-        return vergleicheBoxTitel(a.cpText, b.cpText) < 0;
-    });
-    auto* wurzelItem = new QTreeWidgetItem(baum_);
-    wurzelItem->setText(0, alsQString(wurzelText(CApplikation::titel(), static_cast<int>(boxen.size()))));
-    for (const Zeile12& b : boxen) {
-        auto* item = new QTreeWidgetItem(wurzelItem);
-        item->setText(0, alsQString(b.cpText));
-        item->setData(0, Qt::UserRole, 1);
-        item->setData(0, Qt::UserRole + 1, b.Id);
-    }
-    wurzelItem->setExpanded(true);
+void CDorvanoDlg::ladeBaum() { katalogBaum_->lade(CApplikation::titel()); }
+
+void CDorvanoDlg::klappeAuf(QTreeWidgetItem* item) {
+    katalogBaum_->klappeAuf(item, maxFilmeAufklappen_);
 }
 
 void CDorvanoDlg::closeEvent(QCloseEvent* ereignis) {

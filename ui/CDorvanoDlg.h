@@ -14,6 +14,8 @@ class CApplikation;
 
 namespace dv::ui {
 
+class KatalogBaum;
+
 class CDorvanoDlg : public QMainWindow {
     Q_OBJECT
 public:
@@ -29,6 +31,11 @@ public:
     // "%s {%d Box%s}": "en" unless the count is 1.
     static std::string wurzelText(const char* titel, int anzahl);
 
+    // The "Aufklappen" command on an item: everything below it, at most
+    // MaxFilmeAufklappen films.
+    void klappeAuf(QTreeWidgetItem* item);
+    KatalogBaum& katalogBaum() { return *katalogBaum_; }
+
 protected:
     void closeEvent(QCloseEvent* ereignis) override;
 
@@ -37,6 +44,7 @@ private:
 
     CApplikation& app_;
     QTreeWidget* baum_;
+    KatalogBaum* katalogBaum_;  // owned by baum_
     unsigned options_ = 0;
     unsigned options2_ = 0;
     unsigned maxFilmeAufklappen_ = 0;
