@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "app/base/Datenversion.h"
+#include "app/base/Optionen.h"
 
 namespace dv {
 
@@ -12,6 +13,9 @@ CApplikation::CApplikation(Benutzer& benutzer, Einstellungen& einstellungen, Dat
     umgebung_.trace = &protokoll_;
     umgebung_.datenOrdner = ordner_.daten;
     db_ = std::make_unique<Datenbank>(umgebung_, ordner_);
+    vormerklisten_ = std::make_unique<Vormerklisten>(*db_);
+    tags_ = std::make_unique<Tagverwaltung>(*db_, benutzer_);
+    stempeltags_ = std::make_unique<Stempeltags>(*db_, benutzer_);
     filter_ = std::make_unique<FilterVerwaltung>(*db_, einstellungen_);
     austausch_ = std::make_unique<Austausch>(*db_, ordner_, benutzer_, einstellungen_);
     austausch_->setzeFilterAbfrage([this](ExportArt art) {
@@ -64,6 +68,12 @@ bool CApplikation::erzeugeUebersicht(const UebersichtEinstellungen& e, bool oeff
     UebersichtUmgebung u{fs_, benutzer_, farben_, ordner_.vorlagen, nullptr};
     if (oeffnen) u.oeffnen = &oeffneMitStandardprogramm;
     return dv::erzeugeUebersicht(u, e, sammleUebersichtDaten(db()));
+}
+
+bool CApplikation::sucheGrossKlein() {
+    std::uint32_t optionen = kOptionsStandard;
+    einstellungen_.getOptions(optionen);
+    return (optionen & kOptSucheGrossKlein) != 0;
 }
 
 std::string CApplikation::versionsText() { return dv::versionsText(aktuelleVersion()); }

@@ -12,6 +12,9 @@
 #include "app/base/Ordner.h"
 #include "app/base/Protokoll.h"
 #include "domain/Datenbank.h"
+#include "retrieval/Stempeltags.h"
+#include "retrieval/Tagverwaltung.h"
+#include "retrieval/Vormerklisten.h"
 #include "domain/Validierung.h"
 #include "interchange/Austausch.h"
 #include "output/Uebersicht.h"
@@ -58,6 +61,14 @@ public:
     bool grossKlein() const { return umgebung_.grossKlein; }
     void setzeGrossKlein(bool an) { umgebung_.grossKlein = an; }
 
+    // Retrieval: watch lists, tags and stamp tags on this catalogue.
+    Vormerklisten& vormerklisten() { return *vormerklisten_; }
+    Tagverwaltung& tags() { return *tags_; }
+    Stempeltags& stempeltags() { return *stempeltags_; }
+    // The search's case switch: the option bit kOptSucheGrossKlein of "Options"
+    // (its default when the store holds none).
+    bool sucheGrossKlein();
+
     // Interchange: box files, XML documents, export and import of all boxes. Each
     // export takes the filter of its kind that is active at that moment.
     Austausch& austausch() { return *austausch_; }
@@ -83,6 +94,9 @@ private:
     FarbZaehler farben_;
     std::unique_ptr<FilterVerwaltung> filter_;
     std::unique_ptr<Austausch> austausch_;
+    std::unique_ptr<Vormerklisten> vormerklisten_;
+    std::unique_ptr<Tagverwaltung> tags_;
+    std::unique_ptr<Stempeltags> stempeltags_;
 };
 
 }  // namespace dv

@@ -76,5 +76,8 @@ void registriereInterchange(Register& reg);
 void registriereAusgabe(Register& reg);
 void registriereWebimport(Register& reg);
 void registriereDvd(Register& reg);
+void registriereSuche(Register& reg);
+void registriereTags(Register& reg);
+void registriereVormerk(Register& reg);
 
 }  // namespace dv::cli

@@ -69,6 +69,9 @@ int main(int argc, char** argv) {
     registriereBasis(reg);
     registriereInterchange(reg);
     registriereDvd(reg);
+    registriereSuche(reg);
+    registriereTags(reg);
+    registriereVormerk(reg);
     registriereAusgabe(reg);
     registriereWebimport(reg);
 

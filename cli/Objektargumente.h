@@ -1,0 +1,40 @@
+#pragma once
+// Arguments that name catalogue objects, watch lists and stamp tags, checked
+// the same way by every retrieval command: a wrong word, a bad number or an
+// unknown id prints its German message and gives exit code 2.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/Kontext.h"
+
+namespace dv::cli {
+
+// The words of one subcommand, kept alive by its handler.
+struct Argumente {
+    std::string typ, id, liste, nach, name, text, objekt, datei;
+    std::vector<std::string> texte, listen, gegen;
+};
+// A subcommand of eltern; a receives fresh words for it.
+CLI::App* unterbefehl(Register& reg, CLI::App* eltern, const char* name, const char* text,
+                      std::shared_ptr<Argumente>& a);
+// A required positional word with a German help text.
+void pflicht(CLI::App* c, const char* name, std::string& ziel, const char* hilfe);
+
+// TYP and ID of an existing box, DVD or film. Returns kFertig or the exit code
+// after the message.
+int objektArgument(Kontext& k, const std::string& typText, const std::string& idText, int& typ,
+                   long& id);
+// The id of an existing watch list.
+int listenArgument(Kontext& k, const std::string& text, long& id);
+// Several watch lists in the order given.
+int listenArgumente(Kontext& k, const std::vector<std::string>& texte, std::vector<long>& ids);
+// "Die Datei "..." kann nicht geschrieben werden." / "... gelesen werden." with
+// exit code 1.
+int nichtGeschrieben(Kontext& k, const std::string& pfad);
+int nichtGelesen(Kontext& k, const std::string& pfad);
+// A positive record id (existence is the caller's check).
+int idArgument(Kontext& k, const std::string& text, long& id);
+
+}  // namespace dv::cli
