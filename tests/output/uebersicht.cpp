@@ -257,7 +257,11 @@ TEST(UebersichtDatenTest, BoxenInBaumReihenfolgeMitOriginaltitelUndCover) {
 }
 
 TEST(StandardVorlagen, WerdenUnveraendertEingebautUndNurFehlendeInstalliert) {
-    const std::string quelle = std::string(DORVANO_TESTDATA) + "/../../output/vorlagen/";
+    // The project root is the test data folder without "/tests/data" (which need not exist).
+    const std::string daten = DORVANO_TESTDATA;
+    const std::string quelle = daten.substr(0, daten.size() - std::string("/tests/data").size()) +
+                               "/output/vorlagen/";
+    ASSERT_TRUE(test::gibtEs(quelle + "Uebersicht.html")) << quelle;
     ASSERT_EQ(standardVorlagen().size(), 4u);
     for (const EingebauteDatei& f : standardVorlagen())
         EXPECT_EQ(f.inhalt, leseDatei(quelle + f.name)) << f.name;
