@@ -9,13 +9,15 @@ namespace {
 constexpr std::size_t kPlattenBytes = 1 << 20;
 }
 
-BlockVorrat::BlockVorrat(std::size_t groesse)
-    : groesse_(std::max(groesse, sizeof(Frei))),
-      proPlatte_(std::max<std::size_t>(1, kPlattenBytes / groesse_)) {
-    // Blocks keep the alignment of the C allocator.
+// Blocks keep the alignment of the C allocator and have room for the free link.
+BlockVorrat::BlockVorrat(std::size_t groesse) {
     const std::size_t a = alignof(std::max_align_t);
-    groesse_ = (groesse_ + a - 1) / a * a;
+    groesse_ = (std::max(groesse, sizeof(Frei)) + a - 1) / a * a;
     proPlatte_ = std::max<std::size_t>(1, kPlattenBytes / groesse_);
+}
+
+BlockVorrat::~BlockVorrat() {
+    for (void* platte : platten_) std::free(platte);
 }
 
 bool BlockVorrat::neuePlatte() noexcept {

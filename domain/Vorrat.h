@@ -14,6 +14,8 @@ namespace dv {
 class BlockVorrat {
   public:
     explicit BlockVorrat(std::size_t groesse);
+    // Frees the slabs; blocks still handed out become invalid.
+    ~BlockVorrat();
     BlockVorrat(const BlockVorrat&) = delete;
     BlockVorrat& operator=(const BlockVorrat&) = delete;
 

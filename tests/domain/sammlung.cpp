@@ -1,10 +1,12 @@
 // The whole-collection reader against the per-object builders, on generated
 // collections, intact and damaged; and how often it opens each table file.
 
+#include <cstring>
 #include <map>
 #include <sstream>
 
 #include "bench/generator/Generator.h"
+#include "domain/Vorrat.h"
 #include "tests/domain/DomainUmgebung.h"
 
 namespace dv {
@@ -179,6 +181,66 @@ TEST(Sammlung, OeffnetJedeTabelleHoechstensEinmal) {
     fs.oeffnungen.clear();
     s.proObjekt();
     EXPECT_GT(fs.oeffnungen["DVD_Film.dat"], 60);
+}
+
+TEST(Generator, GleicheSaatGleicheDateienAndereSaatAndere) {
+    generator::Groessen g;
+    g.boxen = 30;
+    g.dvds = 40;
+    g.filme = 70;
+    g.personen = 50;
+    g.genres = 10;
+    g.bildformate = 5;
+    g.texte = 3;
+    test::TempOrdner a, b, c;
+    generator::Ergebnis e;
+    std::string fehler;
+    ASSERT_TRUE(generator::erzeugeSammlung(a.pfad(), g, &e, &fehler)) << fehler;
+    ASSERT_TRUE(generator::erzeugeSammlung(b.pfad(), g, nullptr, &fehler)) << fehler;
+    EXPECT_EQ(e.boxen, 30);
+    EXPECT_EQ(e.dvds, 40);
+    EXPECT_EQ(e.filme, 70);
+    EXPECT_GE(e.titel, 70);
+    EXPECT_GE(e.filmPersonen, 2 * 70);
+    for (const char* t : {"Box", "DVD", "Film", "Titel", "Film_Person", "Film_Alias", "Person"})
+        EXPECT_EQ(test::leseDatei(a / "Daten/" + t + ".dat"),
+                  test::leseDatei(b / "Daten/" + t + ".dat"))
+            << t;
+    g.saat += 1;
+    ASSERT_TRUE(generator::erzeugeSammlung(c.pfad(), g, nullptr, &fehler)) << fehler;
+    EXPECT_NE(test::leseDatei(a / "Daten/Box.dat"), test::leseDatei(c / "Daten/Box.dat"));
+    // A folder that holds a collection already is refused; so are sizes that
+    // leave a box without a DVD.
+    EXPECT_FALSE(generator::erzeugeSammlung(a.pfad(), g, nullptr, &fehler));
+    EXPECT_NE(fehler.find("bereits eine Sammlung"), std::string::npos);
+    g.dvds = 10;
+    test::TempOrdner d;
+    EXPECT_FALSE(generator::erzeugeSammlung(d.pfad(), g, nullptr, &fehler));
+}
+
+TEST(BlockVorrat, GibtBloeckeWiederUndDiePlattenZurueck) {
+    BlockVorrat v(40);
+    std::vector<void*> bloecke;
+    for (int i = 0; i < 30000; ++i) {
+        void* p = v.hole();
+        ASSERT_NE(p, nullptr);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(p) % alignof(std::max_align_t), 0u);
+        std::memset(p, 0xAB, 40);
+        bloecke.push_back(p);
+    }
+    EXPECT_EQ(v.belegt(), 30000u);
+    EXPECT_GT(v.platten(), 1u);
+    // A released block is handed out again.
+    void* letzter = bloecke.back();
+    v.gib(letzter);
+    EXPECT_EQ(v.hole(), letzter);
+    for (void* p : bloecke) v.gib(p);
+    EXPECT_EQ(v.belegt(), 0u);
+    EXPECT_EQ(v.platten(), 0u);
+    v.gib(nullptr);
+    void* neu = v.hole();
+    EXPECT_NE(neu, nullptr);
+    v.gib(neu);
 }
 
 }  // namespace
