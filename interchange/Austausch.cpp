@@ -1,6 +1,7 @@
 #include "interchange/Austausch.h"
 
 #include "app/base/Optionen.h"
+#include "interchange/EinzelLader.h"
 
 namespace dv {
 
@@ -32,15 +33,13 @@ ImportErgebnis Austausch::importiere(const std::string& pfad, const ImportOption
 
 ExportErgebnis Austausch::exportiere(long boxId, const std::string& ordner,
                                      const SchreibOptionen& o, std::string* pfad) {
-    BoxListe box = db_.getBox(boxId);
+    ExportQuelle quelle(db_, ordner_);
+    BoxListe box = ladeBoxGanz(db_, boxId, &quelle);
     if (!box) return ExportErgebnis::Unbekannt;
     if (box->cpEAN[0] == '\0') {
         benutzer_.meldung("Hinweis", "Diese Box besitzt keine EAN.", Symbol::Information);
         return ExportErgebnis::KeineEan;
     }
-    db_.ladeBox(*box);
-    ExportQuelle quelle(db_, ordner_);
-    quelle.merkeFilme(box.get());
     BoxSchreiber schreiber(quelle, filter(ExportArt::BoxDatei));
     schreiber.optionen = o;
     const std::string ziel = BoxSchreiber::zielPfad(*box, ordner);
@@ -77,24 +76,16 @@ bool Austausch::xml(int typ, long id, const XmlOptionen& o, std::string& dokumen
     XmlExport x(quelle, filter(ExportArt::Xml));
     x.optionen = o;
     if (typ == kObjektBox) {
-        BoxListe b = db_.getBox(id);
+        BoxListe b = o.unterobjekte ? ladeBoxGanz(db_, id, &quelle) : db_.getBox(id);
         if (!b) return false;
-        if (o.unterobjekte)
-            db_.ladeBox(*b);
-        else
-            b->pExtras = db_.getObjektListe(id, kTypBoxExtras).release();
-        quelle.merkeFilme(b.get());
+        if (!o.unterobjekte) b->pExtras = db_.getObjektListe(id, kTypBoxExtras).release();
         dokument = x.box(*b);
         return true;
     }
     if (typ == kObjektDvd) {
-        DvdListe d = db_.getDvd(id);
+        DvdListe d = o.unterobjekte ? ladeDvdGanz(db_, id, &quelle) : db_.getDvd(id);
         if (!d) return false;
-        if (o.unterobjekte)
-            db_.ladeDvd(*d);
-        else
-            d->pExtras = db_.getObjektListe(id, kTypExtras).release();
-        quelle.merkeFilme(d.get());
+        if (!o.unterobjekte) d->pExtras = db_.getObjektListe(id, kTypExtras).release();
         dokument = x.dvd(*d);
         return true;
     }

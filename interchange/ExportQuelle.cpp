@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "domain/Bausteine.h"
 #include "domain/Tags.h"
 #include "interchange/BoxFormat.h"
 
@@ -35,15 +36,12 @@ void nimmBesseres(std::string& bisher, const std::string& name, const std::strin
     if (a < b || (a == b && name < bisher)) bisher = name;
 }
 
-// Whether title a is a better main title than b: kind 1, then lower "Pos", then lower id.
-bool besser(const Zeile4& a, const Zeile4& b) {
-    const bool ha = a.Typ == kTitelHaupt, hb = b.Typ == kTitelHaupt;
-    if (ha != hb) return ha;
-    if (a.Pos != b.Pos) return a.Pos < b.Pos;
-    return a.Id < b.Id;
-}
-
 }  // namespace
+
+void ExportQuelle::uebernimmTitel(std::unordered_map<long, std::vector<Zeile4>>&& titel) {
+    titel_ = std::move(titel);
+    titelGeladen_ = true;
+}
 
 std::string dateiEndung(const std::string& pfad) {
     const std::size_t punkt = pfad.find_last_of('.');
@@ -140,7 +138,7 @@ FilmTitel ExportQuelle::titel(const FilmElement& film) {
                      [](const Zeile4& a, const Zeile4& b) { return a.Pos < b.Pos; });
     const Zeile4* haupt = nullptr;
     for (const Zeile4& z : rows)
-        if (!haupt || besser(z, *haupt)) haupt = &z;
+        if (!haupt || bau::besserTitel(z, *haupt)) haupt = &z;
     for (const Zeile4& z : rows) {
         if (&z == haupt) continue;
         if (z.Typ == kTitelOriginal && t.original.empty())

@@ -39,6 +39,8 @@ public:
     void merkeFilme(const BoxElement* boxen);
     void merkeFilme(const DvdElement* dvds);
     void merkeFilm(long filmId) { gemerkt_.insert(filmId); }
+    // Takes the title rows of films (by film id) that someone has read already.
+    void uebernimmTitel(std::unordered_map<long, std::vector<Zeile4>>&& titel);
     // Whole-collection mode: list the folders once (see above).
     void fuerSammlung();
 
