@@ -72,6 +72,7 @@ bool zahl(const std::string& text, long& wert);
 
 // The command groups.
 void registriereBasis(Register& reg);
+void registriereKatalog(Register& reg);
 void registriereInterchange(Register& reg);
 void registriereAusgabe(Register& reg);
 void registriereWebimport(Register& reg);

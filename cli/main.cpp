@@ -67,6 +67,7 @@ int main(int argc, char** argv) {
 
     Register reg(wurzel);
     registriereBasis(reg);
+    registriereKatalog(reg);
     registriereInterchange(reg);
     registriereDvd(reg);
     registriereSuche(reg);
