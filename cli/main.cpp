@@ -9,6 +9,7 @@
 
 #include "app/base/Zeichensatz.h"
 #include "cli/Kontext.h"
+#include "platform/Speicher.h"
 
 using namespace dv;
 using namespace dv::cli;
@@ -42,6 +43,8 @@ int nutzungsfehler(const CLI::ParseError& e) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A whole-collection read makes several hundred thousand small elements.
+    bereiteHeapVor(std::size_t{128} << 20);
     // Catalogue texts are 8-bit: an argument the code page cannot hold is refused.
     for (int i = 1; i < argc; ++i) {
         std::string text;

@@ -84,8 +84,7 @@ void fuegeGrundAn(std::string& grund, std::string_view stueck) {
     grund += ' ';
 }
 
-Auswerter::Auswerter(Datenbank& db, const KriterienListe& kriterien, bool grossKlein)
-    : db_(db), grossKlein_(grossKlein) {
+Auswerter::Auswerter(Datenbank& db, const KriterienListe& kriterien, bool grossKlein) : db_(db) {
     const SearchCriterion* erste = kriterien.kopf();
     if (!erste) return;
     typ_ = erste->objectType;
@@ -99,7 +98,7 @@ Auswerter::Auswerter(Datenbank& db, const KriterienListe& kriterien, bool grossK
         b.op = k.op;
         b.comb = k.combination;
         b.text = istTextKriterium(typ_, k.criterion);
-        b.muster = std::string(ohneRandLeer(k.data));
+        b.muster = Suchmuster(ohneRandLeer(k.data), grossKlein);
         b.zahl = alsZahlLang(k.data);
         // A pair is tested on one entry only when both rows look at the same list.
         if (typ_ == 3 && k.combination == kVerknuepfungPaar && i > 0 &&
@@ -158,7 +157,7 @@ std::string_view Auswerter::name(const std::vector<std::string>& namen, long id)
 }
 
 bool Auswerter::passt(const Bedingung& b, std::string_view wert) const {
-    return musterPasst(b.muster, wert, grossKlein_);
+    return b.muster.passt(wert);
 }
 
 bool Auswerter::textWert(const Bedingung& b, bool treffer) const {
@@ -236,25 +235,50 @@ std::string_view objektName(const ObjektElement& e) {
 std::string_view tonformatName(const ObjektElement& e) {
     return tonName(&e);
 }
+std::int32_t objektId(const ObjektElement& e) {
+    return e.Id;
+}
+std::int32_t tonformatId(const ObjektElement& e) {
+    return e.Id2;
+}
+std::int32_t funktionsId(const FktElement& e) {
+    return e.Id;
+}
 std::string_view funktionsName(const FktElement& e) {
     return e.cpText;
 }
 
 }  // namespace
 
+template <class E>
+bool Auswerter::passtEintrag(const Bedingung& b, const E& e, std::string_view (*nameVon)(const E&),
+                             std::int32_t (*idVon)(const E&), bool trimmen) {
+    const std::int32_t id = idVon(e);
+    constexpr std::int32_t kMerkerMax = 1 << 20;
+    auto pruefe = [&] {
+        const std::string_view n = nameVon(e);
+        return passt(b, trimmen ? ohneEndLeer(n) : n);
+    };
+    if (id <= 0 || id >= kMerkerMax) return pruefe();
+    if (static_cast<std::size_t>(id) >= b.merker.size()) b.merker.resize(id + 1, -1);
+    signed char& m = b.merker[static_cast<std::size_t>(id)];
+    if (m < 0) m = pruefe() ? 1 : 0;
+    return m == 1;
+}
+
 // An entry list is true when any entry matches (before the operator); the reason
 // names the matching entry, else the list's first one.
 template <class E>
 bool Auswerter::listenWert(const Bedingung& b, const E* kopf, std::string_view (*nameVon)(const E&),
-                           const char* f, std::string& g, bool trimmen) {
+                           std::int32_t (*idVon)(const E&), const char* f, std::string& g,
+                           bool trimmen) {
     const E* treffer = nullptr;
-    for (const E* e = kopf; e && !treffer; e = e->pNext) {
-        const std::string_view n = nameVon(*e);
-        if (passt(b, trimmen ? ohneEndLeer(n) : n)) treffer = e;
-    }
+    for (const E* e = kopf; e && !treffer; e = e->pNext)
+        if (passtEintrag(b, *e, nameVon, idVon, trimmen)) treffer = e;
     const E* zeigen = treffer ? treffer : kopf;
+    if (!textWert(b, treffer != nullptr)) return false;
     const std::string wert = zeigen ? std::string(nameVon(*zeigen)) : std::string();
-    return mitGrund(textWert(b, treffer != nullptr), g, f, wert.c_str());
+    return mitGrund(true, g, f, wert.c_str());
 }
 
 bool Auswerter::boxWert(const Bedingung& b, const BoxElement& x, std::string& g) {
@@ -274,7 +298,7 @@ bool Auswerter::boxWert(const Bedingung& b, const BoxElement& x, std::string& g)
             f = "Verpackung: <%.*s>";
             break;
         case 4:
-            return listenWert(b, x.pExtras, objektName, "Extra: <%s>", g, true);
+            return listenWert(b, x.pExtras, objektName, objektId, "Extra: <%s>", g, true);
         default:
             return zahlWert(b, 0);
     }
@@ -304,7 +328,7 @@ bool Auswerter::dvdWert(const Bedingung& b, const DvdElement& x, std::string& g)
         case 7:
             return mitGrund(zahlWert(b, x.BytesHigh), g, "High: <%u>", x.BytesHigh);
         case 8:
-            return listenWert(b, x.pExtras, objektName, "Extras: <%s>", g);
+            return listenWert(b, x.pExtras, objektName, objektId, "Extras: <%s>", g);
         default:
             return zahlWert(b, 0);
     }
@@ -344,17 +368,17 @@ bool Auswerter::filmWert(const Bedingung& b, const FilmElement& x, std::string& 
 bool Auswerter::filmListe(const Bedingung& b, const FilmElement& x, std::string& g) {
     switch (b.krit) {
         case 5:
-            return listenWert(b, x.pBildformate, objektName, "Bildformat: <%s>", g);
+            return listenWert(b, x.pBildformate, objektName, objektId, "Bildformat: <%s>", g);
         case 6:
-            return listenWert(b, x.pGenres, objektName, "Genre: <%s>", g);
+            return listenWert(b, x.pGenres, objektName, objektId, "Genre: <%s>", g);
         case 7:
-            return listenWert(b, x.pSprachen, objektName, "Sprache: <%s>", g);
+            return listenWert(b, x.pSprachen, objektName, objektId, "Sprache: <%s>", g);
         case 8:
-            return listenWert(b, x.pSprachen, tonformatName, "Tonformat: <%s>", g);
+            return listenWert(b, x.pSprachen, tonformatName, tonformatId, "Tonformat: <%s>", g);
         case 9:
-            return listenWert(b, x.pUntertitel, objektName, "Untertitel: <%s>", g);
+            return listenWert(b, x.pUntertitel, objektName, objektId, "Untertitel: <%s>", g);
         case 11:
-            return listenWert(b, x.pFunktionen, funktionsName, "Funktion: <%s>", g);
+            return listenWert(b, x.pFunktionen, funktionsName, funktionsId, "Funktion: <%s>", g);
         default:
             break;
     }
@@ -377,7 +401,10 @@ bool Auswerter::personWert(const Bedingung& b, const PersonenElement& p) {
 bool Auswerter::paarWert(const Bedingung& a, const Bedingung& b, const FilmElement& x,
                          std::string& g) {
     auto sprache = [&](const Bedingung& c, const ObjektElement& e) {
-        return textWert(c, passt(c, c.krit == kFilmSprache ? lookupName(&e) : tonName(&e)));
+        const bool treffer = c.krit == kFilmSprache
+                                 ? passtEintrag(c, e, objektName, objektId, false)
+                                 : passtEintrag(c, e, tonformatName, tonformatId, false);
+        return textWert(c, treffer);
     };
     auto person = [&](const Bedingung& c, const PersonenElement& p) {
         if (c.krit == kFilmPerson) return textWert(c, personWert(c, p));

@@ -8,6 +8,7 @@
 
 #include "domain/Datenbank.h"
 #include "retrieval/Suchkriterien.h"
+#include "storage/Muster.h"
 
 namespace dv::auswertung {
 
@@ -17,11 +18,14 @@ struct Bedingung {
     int op = 0;
     int comb = 0;
     bool text = false;   // text class: whole-value wildcard match
-    std::string muster;  // the data trimmed of blanks
+    Suchmuster muster;   // the data trimmed of blanks
     long long zahl = 0;  // the data read as a decimal number
     // The other row of a "<=>" pair that is tested on one entry (a language with
     // its sound format, a person link with its function); -1 for a single row.
     int paar = -1;
+    // Entries of lookup lists recur across objects: the match of each entry id
+    // is remembered (-1 not yet known, 0 no, 1 yes), so its name is read once.
+    mutable std::vector<signed char> merker;
 };
 
 // Appends the piece and a blank to the reason text, unless the text already holds
@@ -54,7 +58,12 @@ class Auswerter {
     bool filmListe(const Bedingung& b, const FilmElement& x, std::string& g);
     template <class E>
     bool listenWert(const Bedingung& b, const E* kopf, std::string_view (*nameVon)(const E&),
-                    const char* f, std::string& g, bool trimmen = false);
+                    std::int32_t (*idVon)(const E&), const char* f, std::string& g,
+                    bool trimmen = false);
+    // Whether the entry's name matches, through the row's memory of entry ids.
+    template <class E>
+    bool passtEintrag(const Bedingung& b, const E& e, std::string_view (*nameVon)(const E&),
+                      std::int32_t (*idVon)(const E&), bool trimmen);
     bool paarWert(const Bedingung& a, const Bedingung& b, const FilmElement& x, std::string& g);
     bool personWert(const Bedingung& b, const PersonenElement& p);
     bool seitenText(const Bedingung& b, long filmId, bool inhalt, std::string& g);
@@ -66,7 +75,6 @@ class Auswerter {
 
     Datenbank& db_;
     int typ_ = 0;
-    bool grossKlein_ = false;
     std::vector<Bedingung> zeilen_;
     std::vector<signed char> paarErgebnis_;  // per film: value of a pair's first row
     std::vector<std::string> verpackungen_, formate_, funktionen_;  // names by id

@@ -70,7 +70,8 @@ Suchergebnis::Suchergebnis(Suchergebnis&& o) noexcept
       sammlung_(std::move(o.sammlung_)),
       kopf_(std::exchange(o.kopf_, nullptr)),
       letzter_(std::exchange(o.letzter_, nullptr)),
-      anzahl_(std::exchange(o.anzahl_, 0)) {}
+      anzahl_(std::exchange(o.anzahl_, 0)),
+      fundorte_(std::move(o.fundorte_)) {}
 
 Suchergebnis& Suchergebnis::operator=(Suchergebnis&& o) noexcept {
     if (this != &o) {
@@ -80,6 +81,7 @@ Suchergebnis& Suchergebnis::operator=(Suchergebnis&& o) noexcept {
         kopf_ = std::exchange(o.kopf_, nullptr);
         letzter_ = std::exchange(o.letzter_, nullptr);
         anzahl_ = std::exchange(o.anzahl_, 0);
+        fundorte_ = std::move(o.fundorte_);
     }
     return *this;
 }
@@ -93,10 +95,12 @@ void Suchergebnis::leere() {
     }
     letzter_ = nullptr;
     anzahl_ = 0;
+    fundorte_.clear();
     sammlung_.reset();
 }
 
-void Suchergebnis::haengeAn(SearchHit* h) {
+void Suchergebnis::haengeAn(SearchHit* h, const void* objekt) {
+    fundorte_.push_back(objekt);
     if (letzter_)
         letzter_->next = h;
     else
@@ -144,32 +148,52 @@ Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOpt
                    h->dvdId = d ? d->Id : 0;
                    h->filmId = f ? f->Id : 0;
                    h->reason = grund;
-                   e.haengeAn(h);
+                   e.haengeAn(h, f   ? static_cast<const void*>(f)
+                                 : d ? static_cast<const void*>(d)
+                                     : static_cast<const void*>(b));
                });
     return e;
 }
 
+namespace {
+
+// The id of an element of the kind.
+long idVon(const void* o, int typ) {
+    if (!o) return 0;
+    if (typ == kObjektBox) return static_cast<const BoxElement*>(o)->Id;
+    if (typ == kObjektDvd) return static_cast<const DvdElement*>(o)->Id;
+    return static_cast<const FilmElement*>(o)->Id;
+}
+
+}  // namespace
+
 void loeseAuf(Suchergebnis& ergebnis, const Fortschritt& fortschritt) {
     const int typ = ergebnis.objektTyp();
+    // Elements by id, filled only when a hit is not where the walk met it.
     std::vector<const void*> nachId;
-    durchlaufe(ergebnis.sammlung(), typ,
-               [&](const BoxElement* b, const DvdElement* d, const FilmElement* f) {
-                   const long id = f ? f->Id : d ? d->Id : b->Id;
-                   const void* o = f   ? static_cast<const void*>(f)
-                                   : d ? static_cast<const void*>(d)
-                                       : static_cast<const void*>(b);
-                   if (id >= static_cast<long>(nachId.size())) nachId.resize(id + 1, nullptr);
-                   if (!nachId[id]) nachId[id] = o;
-               });
     auto finde = [&](long id) -> const void* {
+        if (nachId.empty())
+            durchlaufe(ergebnis.sammlung(), typ,
+                       [&](const BoxElement* b, const DvdElement* d, const FilmElement* f) {
+                           const void* o = f   ? static_cast<const void*>(f)
+                                           : d ? static_cast<const void*>(d)
+                                               : static_cast<const void*>(b);
+                           const long i = idVon(o, typ);
+                           if (i >= static_cast<long>(nachId.size())) nachId.resize(i + 1, nullptr);
+                           if (!nachId[i]) nachId[i] = o;
+                       });
         return id > 0 && id < static_cast<long>(nachId.size()) ? nachId[id] : nullptr;
     };
     const int gesamt = static_cast<int>(ergebnis.anzahl());
     int schritt = 0;
-    for (SearchHit* h = ergebnis.kopf(); h; h = h->next) {
-        if (typ == kObjektBox) h->box = static_cast<const BoxElement*>(finde(h->boxId));
-        if (typ == kObjektDvd) h->dvd = static_cast<const DvdElement*>(finde(h->dvdId));
-        if (typ == kObjektFilm) h->film = static_cast<const FilmElement*>(finde(h->filmId));
+    std::size_t i = 0;
+    for (SearchHit* h = ergebnis.kopf(); h; h = h->next, ++i) {
+        const long id = trefferObjektId(*h);
+        const void* o = i < ergebnis.fundorte_.size() ? ergebnis.fundorte_[i] : nullptr;
+        if (idVon(o, typ) != id) o = finde(id);
+        if (typ == kObjektBox) h->box = static_cast<const BoxElement*>(o);
+        if (typ == kObjektDvd) h->dvd = static_cast<const DvdElement*>(o);
+        if (typ == kObjektFilm) h->film = static_cast<const FilmElement*>(o);
         if (fortschritt) fortschritt(++schritt, gesamt);
     }
 }

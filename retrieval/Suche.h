@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "app/base/Benutzer.h"
 #include "domain/Datenbank.h"
@@ -66,7 +67,8 @@ class Suchergebnis {
 
   private:
     friend Suchergebnis suche(Datenbank&, const KriterienListe&, const SuchOptionen&);
-    void haengeAn(SearchHit* h);
+    friend void loeseAuf(Suchergebnis&, const Fortschritt&);
+    void haengeAn(SearchHit* h, const void* objekt);
     void leere();
 
     int objektTyp_ = 0;
@@ -74,6 +76,9 @@ class Suchergebnis {
     SearchHit* kopf_ = nullptr;
     SearchHit* letzter_ = nullptr;
     std::size_t anzahl_ = 0;
+    // Per hit, the element the walk met it at: resolution then needs no second
+    // walk over the collection.
+    std::vector<const void*> fundorte_;
 };
 
 // Runs the search. The list must be normalised (normalisiere). An empty list or

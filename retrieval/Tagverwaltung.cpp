@@ -52,7 +52,7 @@ std::vector<TagTreffer> Tagverwaltung::suche(std::string_view text, int typ) {
         std::snprintf(muster, sizeof muster, "%d_*.%s", typ, kTagEndung);
     else
         std::snprintf(muster, sizeof muster, "*.%s", kTagEndung);
-    const std::string textMuster = "*" + std::string(text) + "*";
+    const Suchmuster textMuster("*" + std::string(text) + "*", false);
 
     struct TagDatei {
         int typ;
@@ -73,8 +73,7 @@ std::vector<TagTreffer> Tagverwaltung::suche(std::string_view text, int typ) {
     });
     for (const TagDatei& d : dateien)
         for (std::string& tag : lese(d.typ, d.id))
-            if (musterPasst(textMuster, tag, false))
-                treffer.push_back({d.typ, d.id, std::move(tag)});
+            if (textMuster.passt(tag)) treffer.push_back({d.typ, d.id, std::move(tag)});
     return treffer;
 }
 

@@ -53,4 +53,57 @@ bool musterPasst(std::string_view muster, std::string_view wert, bool grossKlein
     return p == m;
 }
 
+Suchmuster::Suchmuster(std::string_view muster, bool grossKlein)
+    : muster_(muster), grossKlein_(grossKlein) {
+    std::size_t sterne = 0;
+    for (char c : muster) sterne += c == '*';
+    ohneSterne_ = muster.size() - sterne;
+    sterne_ = sterne > 0;
+    const std::size_t anfang = muster.find_first_not_of('*');
+    if (anfang == std::string_view::npos) {
+        form_ = muster.empty() ? Form::Gleich : Form::Alles;
+        return;
+    }
+    const std::size_t ende = muster.find_last_not_of('*') + 1;
+    const std::string_view kern = muster.substr(anfang, ende - anfang);
+    if (kern.find_first_of("*?") != std::string_view::npos) return;  // the general walk
+    for (char c : kern) kern_ += static_cast<char>(falte(c, grossKlein));
+    const bool vorn = anfang > 0, hinten = ende < muster.size();
+    form_ = vorn ? (hinten ? Form::Enthaelt : Form::Ende) : (hinten ? Form::Anfang : Form::Gleich);
+}
+
+bool Suchmuster::gleichAb(std::string_view wert, std::size_t pos) const {
+    for (std::size_t i = 0; i < kern_.size(); ++i)
+        if (falte(wert[pos + i], grossKlein_) != static_cast<unsigned char>(kern_[i])) return false;
+    return true;
+}
+
+bool Suchmuster::passt(std::string_view wert) const {
+    // Quick rejections.
+    if (muster_.empty()) return wert.empty();
+    if (wert.empty()) return ohneSterne_ == 0;
+    if (ohneSterne_ > wert.size()) return false;
+    if (!sterne_ && wert.size() != muster_.size()) return false;
+    const char erstes = muster_[0];
+    if (erstes != '*' && erstes != '?' && !gleich(erstes, wert[0], grossKlein_)) return false;
+
+    switch (form_) {
+        case Form::Alles:
+            return true;
+        case Form::Gleich:
+            return gleichAb(wert, 0);
+        case Form::Anfang:
+            return gleichAb(wert, 0);
+        case Form::Ende:
+            return gleichAb(wert, wert.size() - kern_.size());
+        case Form::Enthaelt:
+            for (std::size_t i = 0; i + kern_.size() <= wert.size(); ++i)
+                if (gleichAb(wert, i)) return true;
+            return false;
+        case Form::Allgemein:
+            break;
+    }
+    return musterPasst(muster_, wert, grossKlein_);
+}
+
 }  // namespace dv
