@@ -229,30 +229,22 @@ bool mitGrund(bool wert, std::string& grund, const char* f, A... a) {
     return wert;
 }
 
-std::string_view objektName(const ObjektElement& e) {
+// Names and lookup ids of list entries (function objects, so each use is inlined).
+constexpr auto objektName = [](const ObjektElement& e) -> std::string_view {
     return lookupName(&e);
-}
-std::string_view tonformatName(const ObjektElement& e) {
+};
+constexpr auto tonformatName = [](const ObjektElement& e) -> std::string_view {
     return tonName(&e);
-}
-std::int32_t objektId(const ObjektElement& e) {
-    return e.Id;
-}
-std::int32_t tonformatId(const ObjektElement& e) {
-    return e.Id2;
-}
-std::int32_t funktionsId(const FktElement& e) {
-    return e.Id;
-}
-std::string_view funktionsName(const FktElement& e) {
-    return e.cpText;
-}
+};
+constexpr auto funktionsName = [](const FktElement& e) -> std::string_view { return e.cpText; };
+constexpr auto objektId = [](const ObjektElement& e) { return e.Id; };
+constexpr auto tonformatId = [](const ObjektElement& e) { return e.Id2; };
+constexpr auto funktionsId = [](const FktElement& e) { return e.Id; };
 
 }  // namespace
 
-template <class E>
-bool Auswerter::passtEintrag(const Bedingung& b, const E& e, std::string_view (*nameVon)(const E&),
-                             std::int32_t (*idVon)(const E&), bool trimmen) {
+template <class E, class Name, class Id>
+bool Auswerter::passtEintrag(const Bedingung& b, const E& e, Name nameVon, Id idVon, bool trimmen) {
     const std::int32_t id = idVon(e);
     constexpr std::int32_t kMerkerMax = 1 << 20;
     auto pruefe = [&] {
@@ -268,10 +260,9 @@ bool Auswerter::passtEintrag(const Bedingung& b, const E& e, std::string_view (*
 
 // An entry list is true when any entry matches (before the operator); the reason
 // names the matching entry, else the list's first one.
-template <class E>
-bool Auswerter::listenWert(const Bedingung& b, const E* kopf, std::string_view (*nameVon)(const E&),
-                           std::int32_t (*idVon)(const E&), const char* f, std::string& g,
-                           bool trimmen) {
+template <class E, class Name, class Id>
+bool Auswerter::listenWert(const Bedingung& b, const E* kopf, Name nameVon, Id idVon, const char* f,
+                           std::string& g, bool trimmen) {
     const E* treffer = nullptr;
     for (const E* e = kopf; e && !treffer; e = e->pNext)
         if (passtEintrag(b, *e, nameVon, idVon, trimmen)) treffer = e;

@@ -56,14 +56,13 @@ class Auswerter {
     bool dvdWert(const Bedingung& b, const DvdElement& x, std::string& g);
     bool filmWert(const Bedingung& b, const FilmElement& x, std::string& g);
     bool filmListe(const Bedingung& b, const FilmElement& x, std::string& g);
-    template <class E>
-    bool listenWert(const Bedingung& b, const E* kopf, std::string_view (*nameVon)(const E&),
-                    std::int32_t (*idVon)(const E&), const char* f, std::string& g,
-                    bool trimmen = false);
+    // nameVon(e) gives an entry's name, idVon(e) the id of its lookup entry.
+    template <class E, class Name, class Id>
+    bool listenWert(const Bedingung& b, const E* kopf, Name nameVon, Id idVon, const char* f,
+                    std::string& g, bool trimmen = false);
     // Whether the entry's name matches, through the row's memory of entry ids.
-    template <class E>
-    bool passtEintrag(const Bedingung& b, const E& e, std::string_view (*nameVon)(const E&),
-                      std::int32_t (*idVon)(const E&), bool trimmen);
+    template <class E, class Name, class Id>
+    bool passtEintrag(const Bedingung& b, const E& e, Name nameVon, Id idVon, bool trimmen);
     bool paarWert(const Bedingung& a, const Bedingung& b, const FilmElement& x, std::string& g);
     bool personWert(const Bedingung& b, const PersonenElement& p);
     bool seitenText(const Bedingung& b, long filmId, bool inhalt, std::string& g);

@@ -28,25 +28,37 @@ class Gesehen {
     std::vector<char> flags_;
 };
 
-// Calls f(box, dvd, film) for every object of the kind once, in catalogue order
-// (dvd and film null where they do not apply).
-template <class F>
-void durchlaufe(const BoxElement* boxen, int typ, F&& f) {
+// Where the walk meets an object: its box, and its DVD and film where they apply.
+struct Ort {
+    const BoxElement* box;
+    const DvdElement* dvd;
+    const FilmElement* film;
+    const void* objekt() const {
+        return film  ? static_cast<const void*>(film)
+               : dvd ? static_cast<const void*>(dvd)
+                     : static_cast<const void*>(box);
+    }
+};
+
+// Every object of the kind once, in catalogue order.
+std::vector<Ort> orte(const BoxElement* boxen, int typ) {
+    std::vector<Ort> o;
     Gesehen dvds, filme;
     for (const BoxElement* b = boxen; b; b = b->pNext) {
         if (typ == kObjektBox) {
-            f(b, nullptr, nullptr);
+            o.push_back({b, nullptr, nullptr});
             continue;
         }
         for (const DvdElement* d = b->pDvds; d; d = d->pNext) {
             if (typ == kObjektDvd) {
-                if (dvds.neu(d->Id)) f(b, d, nullptr);
+                if (dvds.neu(d->Id)) o.push_back({b, d, nullptr});
                 continue;
             }
-            for (const FilmElement* fi = d->pFilme; fi; fi = fi->pNext)
-                if (filme.neu(fi->Id)) f(b, d, fi);
+            for (const FilmElement* f = d->pFilme; f; f = f->pNext)
+                if (filme.neu(f->Id)) o.push_back({b, d, f});
         }
     }
+    return o;
 }
 
 }  // namespace
@@ -125,33 +137,25 @@ Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOpt
     if (typ < kObjektBox || typ > kObjektFilm) return e;
     e.sammlung_ = db.ladeSammlung(auswerter.umfang());
 
-    int gesamt = 0;
-    if (optionen.fortschritt)
-        durchlaufe(e.sammlung_.get(), typ, [&](auto, auto, auto) { ++gesamt; });
-    int schritt = 0;
+    const std::vector<Ort> alle = orte(e.sammlung_.get(), typ);
+    const int gesamt = static_cast<int>(alle.size());
     std::string grund;
-    durchlaufe(e.sammlung_.get(), typ,
-               [&](const BoxElement* b, const DvdElement* d, const FilmElement* f) {
-                   bool treffer = false;
-                   if (typ == kObjektBox)
-                       treffer = auswerter.box(*b, grund);
-                   else if (typ == kObjektDvd)
-                       treffer = auswerter.dvd(*d, grund);
-                   else
-                       treffer = auswerter.film(*f, grund);
-                   if (optionen.fortschritt) optionen.fortschritt(++schritt, gesamt);
-                   if (!treffer) return;
-                   auto* h = new (std::nothrow) SearchHit;
-                   if (!h) return;  // the hit is dropped
-                   h->objectType = typ;
-                   h->boxId = b->Id;
-                   h->dvdId = d ? d->Id : 0;
-                   h->filmId = f ? f->Id : 0;
-                   h->reason = grund;
-                   e.haengeAn(h, f   ? static_cast<const void*>(f)
-                                 : d ? static_cast<const void*>(d)
-                                     : static_cast<const void*>(b));
-               });
+    for (std::size_t i = 0; i < alle.size(); ++i) {
+        const Ort& o = alle[i];
+        const bool treffer = typ == kObjektBox   ? auswerter.box(*o.box, grund)
+                             : typ == kObjektDvd ? auswerter.dvd(*o.dvd, grund)
+                                                 : auswerter.film(*o.film, grund);
+        if (optionen.fortschritt) optionen.fortschritt(static_cast<int>(i) + 1, gesamt);
+        if (!treffer) continue;
+        auto* h = new (std::nothrow) SearchHit;
+        if (!h) continue;  // the hit is dropped
+        h->objectType = typ;
+        h->boxId = o.box->Id;
+        h->dvdId = o.dvd ? o.dvd->Id : 0;
+        h->filmId = o.film ? o.film->Id : 0;
+        h->reason = grund;
+        e.haengeAn(h, o.objekt());
+    }
     return e;
 }
 
@@ -173,15 +177,11 @@ void loeseAuf(Suchergebnis& ergebnis, const Fortschritt& fortschritt) {
     std::vector<const void*> nachId;
     auto finde = [&](long id) -> const void* {
         if (nachId.empty())
-            durchlaufe(ergebnis.sammlung(), typ,
-                       [&](const BoxElement* b, const DvdElement* d, const FilmElement* f) {
-                           const void* o = f   ? static_cast<const void*>(f)
-                                           : d ? static_cast<const void*>(d)
-                                               : static_cast<const void*>(b);
-                           const long i = idVon(o, typ);
-                           if (i >= static_cast<long>(nachId.size())) nachId.resize(i + 1, nullptr);
-                           if (!nachId[i]) nachId[i] = o;
-                       });
+            for (const Ort& o : orte(ergebnis.sammlung(), typ)) {
+                const long i = idVon(o.objekt(), typ);
+                if (i >= static_cast<long>(nachId.size())) nachId.resize(i + 1, nullptr);
+                if (!nachId[i]) nachId[i] = o.objekt();
+            }
         return id > 0 && id < static_cast<long>(nachId.size()) ? nachId[id] : nullptr;
     };
     const int gesamt = static_cast<int>(ergebnis.anzahl());

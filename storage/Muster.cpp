@@ -96,10 +96,18 @@ bool Suchmuster::passt(std::string_view wert) const {
             return gleichAb(wert, 0);
         case Form::Ende:
             return gleichAb(wert, wert.size() - kern_.size());
-        case Form::Enthaelt:
-            for (std::size_t i = 0; i + kern_.size() <= wert.size(); ++i)
-                if (gleichAb(wert, i)) return true;
+        case Form::Enthaelt: {
+            // Only where the first character fits (in either letter case) is the
+            // rest compared.
+            const auto erster = static_cast<unsigned char>(kern_[0]);
+            const unsigned char auchSo =
+                !grossKlein_ && erster >= 'a' && erster <= 'z' ? erster - ('a' - 'A') : erster;
+            for (std::size_t i = 0; i + kern_.size() <= wert.size(); ++i) {
+                const auto c = static_cast<unsigned char>(wert[i]);
+                if ((c == erster || c == auchSo) && gleichAb(wert, i)) return true;
+            }
             return false;
+        }
         case Form::Allgemein:
             break;
     }
