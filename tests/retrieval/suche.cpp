@@ -67,12 +67,21 @@ TEST_F(SucheTest, FaltungOhneVorrangUndErsteZeileUnd) {
               (Ids{amelie, alt}));
     // A first row set to "ODER" still starts from true and joins with AND.
     EXPECT_EQ(treffer(*db, {{3, 1, kOpGleich, kVerknuepfungOder, "Nichts"}}), Ids{});
-    // Every row is evaluated: a true row after a false start still adds its reason.
-    KriterienListe l = kriterien({{3, 1, 1, 2, "Nichts"}, {3, 1, 1, kVerknuepfungOder, "Amelie"}});
+    // No short cuts: every row is evaluated and adds its reason, also after a
+    // result that an OR or an AND could not change any more.
+    KriterienListe l = kriterien({{3, 1, 1, 2, "Amelie"},
+                                  {3, 6, 1, kVerknuepfungOder, "Drama"},
+                                  {3, 1, 1, 2, "Nichts"},
+                                  {3, 2, kOpKleiner, 2, "12"}});
     normalisiere(l);
     Suchergebnis e = suche(*db, l, {});
-    ASSERT_EQ(e.anzahl(), 1u);
-    EXPECT_EQ(e.kopf()->reason, "Titel: <Amelie> ");
+    EXPECT_EQ(e.anzahl(), 0u);
+    l = kriterien({{3, 1, 1, 2, "Amelie"}, {3, 6, 1, kVerknuepfungOder, "Drama"}});
+    normalisiere(l);
+    e = suche(*db, l, {});
+    ASSERT_EQ(e.anzahl(), 3u);
+    EXPECT_EQ(e.kopf()->reason, "Genre: <Drama> ");  // Das Boot
+    EXPECT_EQ(e.kopf()->next->reason, "Titel: <Amelie> Genre: <Drama> ");
 }
 
 TEST_F(SucheTest, GeordneteKriterienUndOperatoren) {

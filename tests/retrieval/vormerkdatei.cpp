@@ -93,9 +93,11 @@ TEST_F(VormerkDateiTest, NichtGefundeneObjekteWerdenProtokolliert) {
               "1\t111\talien box\n"  // titles compare exactly
               "2\t222\tAlien DVD\n"  // the DVD is not in the box of that EAN
               "3\t111\tAlien\n"
-              "3\t999\n"         // no title at all
-              "9\t111\tAlien\n"  // unknown type: ignored
-              "N\n"              // too short: ignored
+              "3\t999\n"              // no title at all
+              "9\t111\tAlien\n"       // unknown type: ignored
+              "-1\t111\tAlien Box\n"  // negative or non-numeric type: ignored too
+              "x\t111\tAlien Box\n"
+              "N\n"  // too short: ignored
               "\n"));
     EXPECT_EQ(e.listen, 1);
     EXPECT_EQ(e.importiert, 2);
