@@ -19,11 +19,19 @@ constexpr const char* kFn = "EinzelLader";
 
 // The link rows of the wanted owners, grouped, each group in table order and then
 // sorted by "Pos" with the C library's quicksort, as the domain sorts them.
+long besitzerVon(const Zeile2& z) { return z.DVD_Id; }
+long besitzerVon(const Zeile3& z) { return z.Film_Id; }
+long besitzerVon(const Zeile4& z) { return z.Fremd_Id; }
+long besitzerVon(const Zeile6& z) { return z.Film_Id; }
+long besitzerVon(const Zeile7& z) { return z.Box_Id; }
+
 template <class Z>
 class Gruppen {
 public:
-    template <class T, class Besitzer>
-    Gruppen(T& tab, const std::unordered_set<long>& gesucht, Besitzer besitzer) {
+    // The owner is the first field of every table read here; rows of other
+    // owners are passed over undecoded.
+    template <class T>
+    Gruppen(T& tab, const std::unordered_set<long>& gesucht) {
         if (gesucht.empty()) return;
         // A table holds hundreds of thousands of rows and an object a handful of
         // owners: a flag per id answers faster than a hash.
@@ -32,10 +40,9 @@ public:
         std::vector<char> flag(static_cast<std::size_t>(hoechste) + 1, 0);
         for (long id : gesucht)
             if (id > 0) flag[static_cast<std::size_t>(id)] = 1;
-        tab.scanne([&](const Z& z) {
-            const long b = besitzer(z);
-            if (b > 0 && b <= hoechste && flag[static_cast<std::size_t>(b)]) rows_[b].push_back(z);
-        });
+        tab.scanneNachErstemFeld(
+            [&](std::int32_t b) { return b > 0 && b <= hoechste && flag[static_cast<std::size_t>(b)]; },
+            [&](const Z& z) { rows_[besitzerVon(z)].push_back(z); });
     }
     std::vector<const Z*> von(long besitzer) const {
         std::vector<const Z*> p;
@@ -51,18 +58,17 @@ private:
     std::unordered_map<long, std::vector<Z>> rows_;
 };
 
-long erstes(const Zeile2& z) { return z.DVD_Id; }
 
 class Lader {
 public:
     explicit Lader(Datenbank& db) : db_(db), k_(db.katalog()) {}
 
     ObjektElement* extras(Tabelle2& link, long besitzer) {
-        return objekte(Gruppen<Zeile2>(link, {besitzer}, erstes), k_.Extras, besitzer);
+        return objekte(Gruppen<Zeile2>(link, {besitzer}), k_.Extras, besitzer);
     }
 
     DvdElement* dvds(long boxId) {
-        Gruppen<Zeile7> links(k_.DVD_Box, {boxId}, [](const Zeile7& z) { return z.Box_Id; });
+        Gruppen<Zeile7> links(k_.DVD_Box, {boxId});
         DvdElement* kopf = nullptr;
         DvdElement* letzter = nullptr;
         std::uint16_t index = 1;
@@ -80,8 +86,8 @@ public:
     void ladeDvds(DvdElement* dvds) {
         std::unordered_set<long> ids;
         for (DvdElement* d = dvds; d; d = d->pNext) ids.insert(d->Id);
-        Gruppen<Zeile2> extras(k_.DVD_Extras, ids, erstes);
-        Gruppen<Zeile2> filme(k_.DVD_Film, ids, erstes);
+        Gruppen<Zeile2> extras(k_.DVD_Extras, ids);
+        Gruppen<Zeile2> filme(k_.DVD_Film, ids);
         std::unordered_set<long> filmIds;
         for (DvdElement* d = dvds; d; d = d->pNext) {
             d->pExtras = objekte(extras, k_.Extras, d->Id);
@@ -103,15 +109,15 @@ public:
 
 private:
     void ladeFilme(DvdElement* dvds, const std::unordered_set<long>& ids) {
-        Gruppen<Zeile4> t(k_.Titel, ids, [](const Zeile4& z) { return z.Fremd_Id; });
-        Gruppen<Zeile2> genre(k_.Film_Genre, ids, erstes), bild(k_.Film_Bildformat, ids, erstes),
-            untertitel(k_.Film_Untertitel, ids, erstes), fkt(k_.Film_Fkt, ids, erstes);
-        Gruppen<Zeile6> sprachen(k_.Film_Sprachen, ids, [](const Zeile6& z) { return z.Film_Id; });
-        Gruppen<Zeile3> personen(k_.Film_Person, ids, [](const Zeile3& z) { return z.Film_Id; });
+        Gruppen<Zeile4> t(k_.Titel, ids);
+        Gruppen<Zeile2> genre(k_.Film_Genre, ids), bild(k_.Film_Bildformat, ids),
+            untertitel(k_.Film_Untertitel, ids), fkt(k_.Film_Fkt, ids);
+        Gruppen<Zeile6> sprachen(k_.Film_Sprachen, ids);
+        Gruppen<Zeile3> personen(k_.Film_Person, ids);
         std::unordered_set<long> links;
         for (auto& [film, rows] : personen.alle())
             for (const Zeile3& z : rows) links.insert(z.Id);
-        Gruppen<Zeile2> alias(k_.Film_Alias, links, erstes);
+        Gruppen<Zeile2> alias(k_.Film_Alias, links);
         for (DvdElement* d = dvds; d; d = d->pNext) {
             for (FilmElement* f = d->pFilme; f; f = f->pNext) {
                 const Zeile4* haupt = nullptr;

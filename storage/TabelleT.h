@@ -221,6 +221,25 @@ public:
         });
     }
 
+    // The same pass for records of a few owners: auswahl(first field) decides on
+    // the raw bytes, and only the records it accepts are decoded and handed to f.
+    // The first field after the id word must be a 32-bit id (the owner of a link
+    // row, the titled object of a title row).
+    template <class A, class F>
+    bool scanneNachErstemFeld(A&& auswahl, F&& f) {
+        using Erstes = std::remove_cvref_t<std::tuple_element_t<0, decltype(R::felder(
+                                                                      std::declval<Zeile&>()))>>;
+        static_assert(std::is_same_v<Erstes, std::int32_t>, "the first field is no 32-bit id");
+        Zeile z{};
+        return scanneRoh([&](long id, const unsigned char* felder) {
+            std::int32_t erstes;
+            std::memcpy(&erstes, felder, sizeof erstes);
+            if (!auswahl(erstes)) return;
+            fuelle(id, felder, z);
+            f(static_cast<const Zeile&>(z));
+        });
+    }
+
     static Zeile& zeile(ListenElement* node) { return *static_cast<Zeile*>(node->pObjekt); }
 
 protected:
