@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "app/base/Ordner.h"
-#include "bench/generator/Generator.h"
+#include "bench/generator/Messplatz.h"
 #include "domain/Datenbank.h"
 #include "domain/Validierung.h"
 #include "output/Uebersicht.h"
@@ -17,49 +17,13 @@
 namespace {
 
 using namespace dv;
+using generator::StillerBenutzer;
+using Offen = generator::OffeneDatenbank;
+using generator::generierteSammlung;
 namespace fs = std::filesystem;
 
-// Says Yes and shows nothing.
-class StillerBenutzer final : public Benutzer {
-public:
-    bool frage(const std::string&, const std::string&) override { return true; }
-    void meldung(const std::string&, const std::string&, Symbol) override {}
-    ObjektAntwort objektBestaetigen(const ObjektDialog&) override { return {}; }
-    std::vector<int> waehle(const std::string&, const std::string&, const std::vector<std::string>&, bool,
-                            int) override {
-        return {};
-    }
-    bool info(const std::string&, const std::vector<std::pair<std::string, std::string>>&) override {
-        return true;
-    }
-    void zeigeText(const std::string&, const std::string&) override {}
-    void fortschritt(const std::string&, int, int) override {}
-    bool zwischenablage(const std::string&) override { return true; }
-};
-
-struct Offen {
-    // anlegen: create the working folders (never in the shared cached collection).
-    Offen(const std::string& basis, bool anlegen) {
-        ordner.setzeBasis(basis);
-        if (anlegen) ordner.legeAn(echtesDateisystem());
-        su.trace = &still;
-        su.datenOrdner = ordner.daten;
-        db = std::make_unique<Datenbank>(su, ordner);
-    }
-    KeinTrace still;
-    Ordner ordner;
-    SpeicherUmgebung su;
-    std::unique_ptr<Datenbank> db;
-};
-
-std::string sammlung() {
-    const std::string basis = generator::gecachteSammlung(generator::Groessen());
-    if (basis.empty()) std::abort();
-    return basis;
-}
-
 void BM_Validierung(benchmark::State& state) {
-    const std::string quelle = sammlung() + "Daten";
+    const std::string quelle = generierteSammlung() + "Daten";
     const std::string basis = fs::temp_directory_path().string() + "/dorvano-bench-validierung/";
     StillerBenutzer benutzer;
     ValidierungsErgebnis erg;
@@ -78,7 +42,7 @@ void BM_Validierung(benchmark::State& state) {
 BENCHMARK(BM_Validierung)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 void BM_UebersichtOhneCover(benchmark::State& state) {
-    Offen o(sammlung(), false);
+    Offen o(generierteSammlung(), false);
     const std::string aus = fs::temp_directory_path().string() + "/dorvano-bench-uebersicht/";
     fs::create_directories(aus);
     installiereStandardVorlagen(echtesDateisystem(), aus + "Vorlagen/");

@@ -10,32 +10,14 @@
 #include <memory>
 
 #include "app/base/Ordner.h"
-#include "bench/generator/Generator.h"
+#include "bench/generator/Messplatz.h"
 #include "domain/Datenbank.h"
 
 namespace {
 
 using namespace dv;
-
-// A Datenbank on a program folder.
-struct Offen {
-    explicit Offen(const std::string& basis) {
-        ordner.setzeBasis(basis);
-        su.trace = &still;
-        su.datenOrdner = ordner.daten;
-        db = std::make_unique<Datenbank>(su, ordner);
-    }
-    KeinTrace still;
-    Ordner ordner;
-    SpeicherUmgebung su;
-    std::unique_ptr<Datenbank> db;
-};
-
-std::string sammlung(long faktor) {
-    const std::string basis = generator::gecachteSammlung(generator::Groessen().mal(faktor));
-    if (basis.empty()) std::abort();
-    return basis;
-}
+using Offen = generator::OffeneDatenbank;
+using generator::generierteSammlung;
 
 void anzahlBoxen(Offen& o, long& boxen) {
     long dvds = 0, filme = 0;
@@ -43,7 +25,7 @@ void anzahlBoxen(Offen& o, long& boxen) {
 }
 
 void BM_BoxlisteDerWurzel(benchmark::State& state) {
-    Offen o(sammlung(1));
+    Offen o(generierteSammlung(1));
     long boxen = 0;
     anzahlBoxen(o, boxen);
     for (auto _ : state) {
@@ -55,7 +37,7 @@ void BM_BoxlisteDerWurzel(benchmark::State& state) {
 BENCHMARK(BM_BoxlisteDerWurzel)->Unit(benchmark::kMillisecond);
 
 void BM_GanzeSammlungMitAllenListen(benchmark::State& state) {
-    Offen o(sammlung(state.range(0)));
+    Offen o(generierteSammlung(state.range(0)));
     long filme = 0;
     for (auto _ : state) {
         auto alles = o.db->ladeSammlung();
@@ -65,11 +47,13 @@ void BM_GanzeSammlungMitAllenListen(benchmark::State& state) {
     o.db->anzahl(boxen, dvds, filme);
     state.counters["Filme"] = static_cast<double>(filme);
 }
-BENCHMARK(BM_GanzeSammlungMitAllenListen)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+// At least a second each, so the larger size's first touch of fresh memory does
+// not count alone.
+BENCHMARK(BM_GanzeSammlungMitAllenListen)->Arg(1)->Arg(2)->MinTime(1.0)->Unit(benchmark::kMillisecond);
 
 // The same, timing only the building: the release of the lists runs untimed.
 void BM_GanzeSammlungNurAufbau(benchmark::State& state) {
-    Offen o(sammlung(state.range(0)));
+    Offen o(generierteSammlung(state.range(0)));
     for (auto _ : state) {
         auto alles = o.db->ladeSammlung();
         benchmark::DoNotOptimize(alles.get());
@@ -78,14 +62,14 @@ void BM_GanzeSammlungNurAufbau(benchmark::State& state) {
         state.ResumeTiming();
     }
 }
-BENCHMARK(BM_GanzeSammlungNurAufbau)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_GanzeSammlungNurAufbau)->Arg(1)->Arg(2)->MinTime(1.0)->Unit(benchmark::kMillisecond);
 
 // Deletes one film after the other from a copy of the collection.
 void BM_FilmLoeschenMitKaskade(benchmark::State& state) {
     const std::string kopie =
         "/tmp/dorvano-bench-loeschen-" + std::to_string(static_cast<long>(::getpid())) + "/";
     std::filesystem::remove_all(kopie);
-    std::filesystem::copy(sammlung(1), kopie, std::filesystem::copy_options::recursive);
+    std::filesystem::copy(generierteSammlung(1), kopie, std::filesystem::copy_options::recursive);
     {
         Offen o(kopie);
         long film = 1;

@@ -17,26 +17,13 @@
 
 #include "app/base/Protokoll.h"
 #include "bench/generator/Generator.h"
+#include "bench/generator/Messplatz.h"
 #include "interchange/Austausch.h"
 
 using namespace dv;
+using generator::StillerBenutzer;
 
 namespace {
-
-class StillerBenutzer final : public Benutzer {
-public:
-    bool frage(const std::string&, const std::string&) override { return true; }
-    void meldung(const std::string&, const std::string&, Symbol) override {}
-    ObjektAntwort objektBestaetigen(const ObjektDialog&) override { return {ObjektTaste::OK, {}, -1}; }
-    std::vector<int> waehle(const std::string&, const std::string&, const std::vector<std::string>&, bool,
-                            int) override {
-        return {};
-    }
-    bool info(const std::string&, const std::vector<std::pair<std::string, std::string>>&) override { return true; }
-    void zeigeText(const std::string&, const std::string&) override {}
-    void fortschritt(const std::string&, int, int) override {}
-    bool zwischenablage(const std::string&) override { return true; }
-};
 
 // Writes into the export folder go nowhere; everything else is the real disk.
 class OhneExportDateien final : public Dateisystem {

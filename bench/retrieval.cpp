@@ -20,6 +20,7 @@
 #include "app/base/Ordner.h"
 #include "app/base/Zeichensatz.h"
 #include "bench/generator/Generator.h"
+#include "bench/generator/Messplatz.h"
 #include "domain/Datenbank.h"
 #include "domain/Tags.h"
 #include "retrieval/Suche.h"
@@ -29,41 +30,10 @@
 namespace {
 
 using namespace dv;
+using Offen = generator::OffeneDatenbank;
 
 constexpr const char* kOrdner = "/tmp/dorvano-retrieval-v1/";
 constexpr long kListenGroesse = 10000;
-
-// No one to ask: the tag search puts no question.
-class KeinBenutzer final : public Benutzer {
-  public:
-    bool frage(const std::string&, const std::string&) override { return false; }
-    void meldung(const std::string&, const std::string&, Symbol) override {}
-    ObjektAntwort objektBestaetigen(const ObjektDialog&) override { return {}; }
-    std::vector<int> waehle(const std::string&, const std::string&, const std::vector<std::string>&,
-                            bool, int) override {
-        return {};
-    }
-    bool info(const std::string&,
-              const std::vector<std::pair<std::string, std::string>>&) override {
-        return false;
-    }
-    void zeigeText(const std::string&, const std::string&) override {}
-    void fortschritt(const std::string&, int, int) override {}
-    bool zwischenablage(const std::string&) override { return false; }
-};
-
-struct Offen {
-    explicit Offen(const std::string& basis) {
-        ordner.setzeBasis(basis);
-        su.trace = &still;
-        su.datenOrdner = ordner.daten;
-        db = std::make_unique<Datenbank>(su, ordner);
-    }
-    KeinTrace still;
-    Ordner ordner;
-    SpeicherUmgebung su;
-    std::unique_ptr<Datenbank> db;
-};
 
 std::string sqlText(const char* cp1252) {
     std::string s = "'";
@@ -206,7 +176,7 @@ BENCHMARK(BM_FilmsucheUeberAlleListen)->Unit(benchmark::kMillisecond);
 
 void BM_Tagsuche(benchmark::State& state) {
     Offen o(vorbereitet());
-    KeinBenutzer benutzer;
+    generator::StillerBenutzer benutzer(false);  // the tag search puts no question
     Tagverwaltung tags(*o.db, benutzer);
     std::size_t treffer = 0;
     for (auto _ : state) {

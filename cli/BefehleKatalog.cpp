@@ -154,11 +154,15 @@ void liste(Register& reg) {
         if (a->json) {
             ExportQuelle q(k.app.db(), k.app.ordner());
             q.fuerSammlung();
-            json alle = json::array();
-            for (const BoxElement* b = boxen.get(); b; b = b->pNext) alle.push_back(boxJson(q, *b));
-            const std::string text = json{{"boxen", alle}}.dump();
-            std::fwrite(text.data(), 1, text.size(), stdout);
-            std::fputc('\n', stdout);
+            // One box at a time: the document of a large collection is never
+            // held whole.
+            std::fputs("{\"boxen\":[", stdout);
+            for (const BoxElement* b = boxen.get(); b; b = b->pNext) {
+                const std::string text = boxJson(q, *b).dump();
+                if (b != boxen.get()) std::fputc(',', stdout);
+                std::fwrite(text.data(), 1, text.size(), stdout);
+            }
+            std::fputs("]}\n", stdout);
             return kFertig;
         }
         for (const BoxElement* b = boxen.get(); b; b = b->pNext) {

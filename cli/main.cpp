@@ -1,28 +1,19 @@
 // dorvano-cli: the catalogue's jobs without a screen, on the same services as the
 // desktop program. Every command first prepares folders and tables and checks the
 // data version; exit codes: 0 done, 1 failed, 2 wrong usage, 3 version mismatch.
-#include <unistd.h>
-
 #include <cstdio>
 #include <optional>
 #include <string>
 
 #include "app/base/Zeichensatz.h"
 #include "cli/Kontext.h"
+#include "platform/Dateisystem.h"
 #include "platform/Speicher.h"
 
 using namespace dv;
 using namespace dv::cli;
 
 namespace {
-
-std::string programmDateiOrdner() {
-    char pfad[4096];
-    const ssize_t n = ::readlink("/proc/self/exe", pfad, sizeof pfad - 1);
-    if (n <= 0) return std::string();
-    std::string p(pfad, static_cast<std::size_t>(n));
-    return p.substr(0, p.find_last_of('/') + 1);
-}
 
 int nutzungsfehler(const CLI::ParseError& e) {
     const char* grund = "Falscher Aufruf.";

@@ -176,4 +176,12 @@ bool schreibeSicher(Dateisystem& fs, const std::string& pfad, const std::string&
     return true;
 }
 
+std::string programmDateiOrdner() {
+    char pfad[4096];
+    const ssize_t n = ::readlink("/proc/self/exe", pfad, sizeof pfad - 1);
+    if (n <= 0) return std::string();
+    std::string p(pfad, static_cast<std::size_t>(n));
+    return p.substr(0, p.find_last_of('/') + 1);
+}
+
 }  // namespace dv

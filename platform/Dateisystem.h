@@ -66,6 +66,10 @@ public:
 // The real file system of the machine.
 Dateisystem& echtesDateisystem();
 
+// The folder of the running executable with a trailing '/', or "" when the
+// system does not tell (the portable program folder is looked for there).
+std::string programmDateiOrdner();
+
 // Whole-file helpers on top of the interface.
 // Reads the whole file into out; false if it cannot be opened or read completely.
 bool leseAlles(Dateisystem& fs, const std::string& pfad, std::string& out);

@@ -17,6 +17,11 @@ void bereiteHeapVor(std::size_t groesse) {
     // is not followed by a system call. While it is made, blocks up to 32 MiB
     // (the allocator's limit) come from the heap.
     mallopt(M_TRIM_THRESHOLD, 1 << 30);
+    // A whole-collection read allocates and frees about a million small list
+    // elements. With fast bins, freed elements are only merged by the next large
+    // request, which then walks all of them at once; without them they merge as
+    // they are freed, which costs a third less in all.
+    mallopt(M_MXFAST, 0);
     mallopt(M_MMAP_THRESHOLD, 32 << 20);
     // The reserve: blocks below that limit taken from the heap and given back,
     // where they join the heap's free top.

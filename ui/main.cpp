@@ -1,7 +1,5 @@
 // dorvano: the desktop program. One instance per user; the same start-up as the
 // command-line program, then the version check and the main window.
-#include <unistd.h>
-
 #include <QApplication>
 #include <QCommandLineParser>
 #include <optional>
@@ -9,28 +7,21 @@
 
 #include "app/CApplikation.h"
 #include "app/base/Zeichensatz.h"
+#include "platform/Dateisystem.h"
 #include "platform/Einzelinstanz.h"
+#include "platform/Speicher.h"
 #include "ui/CDorvanoDlg.h"
 #include "ui/QtBenutzer.h"
 
 using namespace dv;
 
-namespace {
-
-std::string programmDateiOrdner() {
-    char pfad[4096];
-    const ssize_t n = ::readlink("/proc/self/exe", pfad, sizeof pfad - 1);
-    if (n <= 0) return std::string();
-    std::string p(pfad, static_cast<std::size_t>(n));
-    return p.substr(0, p.find_last_of('/') + 1);
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
     // A second instance ends at once, before any window, without a message.
     Einzelinstanz instanz;
     if (!instanz.erste()) return 0;
+    // Searches and exports build the whole collection: several hundred thousand
+    // small elements.
+    bereiteHeapVor(std::size_t{128} << 20);
 
     QApplication anwendung(argc, argv);
     QCommandLineParser parser;
