@@ -32,7 +32,7 @@ namespace {
 using namespace dv;
 using Offen = generator::OffeneDatenbank;
 
-constexpr const char* kOrdner = "/tmp/dorvano-retrieval-v1/";
+constexpr const char* kOrdner = "/tmp/dorvano-retrieval-v2/";
 constexpr long kListenGroesse = 10000;
 
 std::string sqlText(const char* cp1252) {

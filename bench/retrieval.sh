@@ -7,13 +7,13 @@
 #   bench/retrieval.sh [BUILD_DIR]        (default: build)
 #
 # Needs hyperfine and sqlite3 (scripts/install-deps installs both). The prepared
-# folder /tmp/dorvano-retrieval-v1/ (collection, 50,000 tag files, two watch
+# folder /tmp/dorvano-retrieval-v2/ (collection, 50,000 tag files, two watch
 # lists of 10,000 entries, sammlung.sql) is made by bench_retrieval on first use.
 set -eu
 
 BUILD=${1:-build}
 BIN=$BUILD/bin
-ORDNER=/tmp/dorvano-retrieval-v1
+ORDNER=/tmp/dorvano-retrieval-v2
 DB=$ORDNER/sammlung.db
 
 for p in hyperfine sqlite3; do

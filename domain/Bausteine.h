@@ -48,10 +48,14 @@ class Datenbank::Geloescht {
 
 namespace dv::bau {
 
-// A zero-filled element; traced "[malloc] <var> = [%08x] {<fn>}".
+// A zero-filled element; traced "[malloc] <var> = [%08x] {<fn>}". Elements come
+// from the block store of their size (see Vorrat.h) and go back there on release.
 template <class E>
 E* neu(Datenbank& db, const char* var, const char* fn) {
-    auto* e = static_cast<E*>(std::calloc(1, sizeof(E)));
+    void* roh = vorratFuer<sizeof(E)>().hole();
+    if (!roh) return nullptr;
+    std::memset(roh, 0, sizeof(E));
+    auto* e = static_cast<E*>(roh);
     if (e) DV_TRACE(db.trace(), kTraceSpeicher, "[malloc] %s = [%08x] {%s}", var, adr(e), fn);
     return e;
 }

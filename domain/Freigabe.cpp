@@ -7,6 +7,12 @@
 namespace dv {
 namespace {
 
+// A list element goes back to the block store it came from (bau::neu).
+template <class E>
+void gibZurueck(E* p) {
+    vorratFuer<sizeof(E)>().gib(p);
+}
+
 template <class E>
 E* zurueck(E* p) {
     while (p && p->pPrev) p = p->pPrev;
@@ -72,7 +78,7 @@ void Datenbank::FreeBoxListe(BoxElement* p) {
         FreeDvdListe(p->pDvds);
         p->pDvds = nullptr;
         DV_FREI("pBox", "FreeBoxListe", p);
-        std::free(p);
+        gibZurueck(p);
         p = naechste;
     }
 }
@@ -85,7 +91,7 @@ void Datenbank::FreeDvdListe(DvdElement* p) {
         FreeObjektListe(p->pExtras);
         p->pExtras = nullptr;
         DV_FREI("pDvd", "FreeDvdListe", p);
-        std::free(p);
+        gibZurueck(p);
         p = naechste;
     }
 }
@@ -100,7 +106,7 @@ void Datenbank::FreeFilmListe(FilmElement* p) {
         FreePersonenListe(p->pPersonen);
         FreeFktListe(p->pFunktionen);
         DV_FREI("pFilm", "FreeFilmListe", p);
-        std::free(p);
+        gibZurueck(p);
         p = naechste;
     }
 }
@@ -133,7 +139,7 @@ void Datenbank::FreeObjektListenElement(ObjektElement* p) {
         p->pPerson = nullptr;
     }
     DV_FREI("p", "FreeObjektListenElement", p);
-    std::free(p);
+    gibZurueck(p);
 }
 
 void Datenbank::FreePersonenListe(PersonenElement* p) {
@@ -147,7 +153,7 @@ void Datenbank::FreePersonenListe(PersonenElement* p) {
         katalog_.Alias.delListe(p->pAlias);
         p->pAlias = nullptr;
         DV_FREI("p", "FreePersonenListe", p);
-        std::free(p);
+        gibZurueck(p);
         p = naechste;
     }
 }
@@ -171,14 +177,14 @@ void Datenbank::FreePersonenElement(PersonenElement* p) {
     }
     p->pAlias = nullptr;
     DV_FREI("p", "delPersonenListenElement", p);
-    std::free(p);
+    gibZurueck(p);
 }
 
 void Datenbank::FreeFktListe(FktElement* p) {
     for (p = zurueck(p); p;) {
         FktElement* naechste = p->pNext;
         DV_FREI("p", "FreeFktListe", p);
-        std::free(p);
+        gibZurueck(p);
         p = naechste;
     }
 }
@@ -187,7 +193,7 @@ void Datenbank::FreeTitelListe(TitelElement* p) {
     while (p) {
         TitelElement* naechste = p->pNext;
         DV_FREI("p", "FreeTitelListe", p);
-        std::free(p);
+        gibZurueck(p);
         p = naechste;
     }
 }
@@ -217,7 +223,7 @@ void Datenbank::delPersonenListenElement(PersonenElement** ppKopf, PersonenEleme
 void Datenbank::delFktElement(FktElement** ppKopf, FktElement* p) {
     if (!ausketten(ppKopf, p)) return;
     DV_FREI("p", "delFktElement", p);
-    std::free(p);
+    gibZurueck(p);
 }
 
 void Datenbank::delListenElement(ListenElement** ppKopf, ListenElement* p) {

@@ -32,6 +32,7 @@ class BlockVorrat {
         Frei* naechster;
     };
     bool neuePlatte() noexcept;
+    void gibPlattenFrei() noexcept;
 
     std::size_t groesse_;
     std::size_t proPlatte_;

@@ -359,7 +359,7 @@ bool erzeugeSammlung(const std::string& basis, const Groessen& g, Ergebnis* erge
 
 std::string gecachteSammlung(const Groessen& g) {
     char name[256];
-    std::snprintf(name, sizeof name, "/tmp/dorvano-sammlung-v1-%ld-%ld-%ld-%ld-%ld-%ld-%llu/",
+    std::snprintf(name, sizeof name, "/tmp/dorvano-sammlung-v2-%ld-%ld-%ld-%ld-%ld-%ld-%llu/",
                   g.boxen, g.dvds, g.filme, g.personen, g.genres, g.bildformate,
                   static_cast<unsigned long long>(g.saat));
     const std::string ordner = name;
