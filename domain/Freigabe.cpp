@@ -13,6 +13,12 @@ void gibZurueck(E* p) {
     vorratFuer<sizeof(E)>().gib(p);
 }
 
+// The release walks touch each element once, in an order the cache cannot
+// guess: the heads of the next lists are fetched ahead, several at a time.
+inline void vorab(const void* p) {
+    __builtin_prefetch(p);
+}
+
 template <class E>
 E* zurueck(E* p) {
     while (p && p->pPrev) p = p->pPrev;
@@ -73,6 +79,8 @@ void TitelFreigabe::operator()(TitelElement* p) const {
 void Datenbank::FreeBoxListe(BoxElement* p) {
     for (p = zurueck(p); p;) {
         BoxElement* naechste = p->pNext;
+        vorab(naechste);
+        vorab(p->pDvds);
         FreeObjektListe(p->pExtras);
         p->pExtras = nullptr;
         FreeDvdListe(p->pDvds);
@@ -86,6 +94,8 @@ void Datenbank::FreeBoxListe(BoxElement* p) {
 void Datenbank::FreeDvdListe(DvdElement* p) {
     for (p = zurueck(p); p;) {
         DvdElement* naechste = p->pNext;
+        vorab(naechste);
+        vorab(p->pExtras);
         FreeFilmListe(p->pFilme);
         p->pFilme = nullptr;
         FreeObjektListe(p->pExtras);
@@ -99,6 +109,12 @@ void Datenbank::FreeDvdListe(DvdElement* p) {
 void Datenbank::FreeFilmListe(FilmElement* p) {
     for (p = zurueck(p); p;) {
         FilmElement* naechste = p->pNext;
+        vorab(naechste);
+        for (const void* kopf :
+             {static_cast<const void*>(p->pBildformate), static_cast<const void*>(p->pGenres),
+              static_cast<const void*>(p->pSprachen), static_cast<const void*>(p->pUntertitel),
+              static_cast<const void*>(p->pPersonen), static_cast<const void*>(p->pFunktionen)})
+            vorab(kopf);
         FreeObjektListe(p->pBildformate);
         FreeObjektListe(p->pGenres);
         FreeObjektListe(p->pSprachen);
@@ -114,6 +130,7 @@ void Datenbank::FreeFilmListe(FilmElement* p) {
 void Datenbank::FreeObjektListe(ObjektElement* p) {
     for (p = zurueck(p); p;) {
         ObjektElement* naechste = p->pNext;
+        vorab(naechste);
         FreeObjektListenElement(p);
         p = naechste;
     }
@@ -145,6 +162,7 @@ void Datenbank::FreeObjektListenElement(ObjektElement* p) {
 void Datenbank::FreePersonenListe(PersonenElement* p) {
     for (p = zurueck(p); p;) {
         PersonenElement* naechste = p->pNext;
+        vorab(naechste);
         if (p->pPerson) {
             DV_DELETE("p->pPerson", "FreePersonenListe", p->pPerson);
             delete p->pPerson;

@@ -1,7 +1,8 @@
 #pragma once
 // The in-memory object model: doubly linked lists of plain elements built from
-// the table rows. Elements are allocated with calloc, so every field starts at
-// zero and a partly built element can always be released. Record copies hung on
+// the table rows. Elements are zero-filled blocks of the block store of their size
+// (domain/Vorrat.h), so every field starts at zero and a partly built element can
+// always be released. Record copies hung on
 // object list elements (pObjekt1, pObjekt2, pPerson) are heap objects with a
 // virtual destructor. A list is held by its first element; every builder of
 // Datenbank returns it inside an owner (BoxListe, DvdListe, ...) that calls the

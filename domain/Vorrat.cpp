@@ -20,7 +20,7 @@ namespace {
 // so slabs come from the prepared heap and are not mapped and unmapped anew by
 // every whole-collection read.
 constexpr std::size_t kPlattenBytes = 240 << 10;
-}
+}  // namespace
 
 // Blocks keep the alignment of the C allocator and have room for the free link.
 BlockVorrat::BlockVorrat(std::size_t groesse) {
@@ -29,7 +29,9 @@ BlockVorrat::BlockVorrat(std::size_t groesse) {
     proPlatte_ = std::max<std::size_t>(1, kPlattenBytes / groesse_);
 }
 
-BlockVorrat::~BlockVorrat() { gibPlattenFrei(); }
+BlockVorrat::~BlockVorrat() {
+    gibPlattenFrei();
+}
 
 void BlockVorrat::gibPlattenFrei() noexcept {
     for (void* platte : platten_) {

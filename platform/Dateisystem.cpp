@@ -12,7 +12,7 @@ namespace dv {
 namespace {
 
 class PosixDatei final : public Datei {
-public:
+  public:
     explicit PosixDatei(int fd) : fd_(fd) {}
     ~PosixDatei() override { ::close(fd_); }
     PosixDatei(const PosixDatei&) = delete;
@@ -58,20 +58,28 @@ public:
     }
     bool kuerze(std::int64_t neueLaenge) override { return ::ftruncate(fd_, neueLaenge) == 0; }
 
-private:
+  private:
     int fd_;
 };
 
 class PosixDateisystem final : public Dateisystem {
-public:
+  public:
     std::unique_ptr<Datei> oeffne(const std::string& pfad, OeffnenModus modus,
                                   int* fehler) override {
         int flags = O_CLOEXEC;
         switch (modus) {
-            case OeffnenModus::Lesen: flags |= O_RDONLY; break;
-            case OeffnenModus::LesenSchreiben: flags |= O_RDWR; break;
-            case OeffnenModus::Erzeugen: flags |= O_RDWR | O_CREAT | O_TRUNC; break;
-            case OeffnenModus::Anhaengen: flags |= O_WRONLY | O_CREAT; break;
+            case OeffnenModus::Lesen:
+                flags |= O_RDONLY;
+                break;
+            case OeffnenModus::LesenSchreiben:
+                flags |= O_RDWR;
+                break;
+            case OeffnenModus::Erzeugen:
+                flags |= O_RDWR | O_CREAT | O_TRUNC;
+                break;
+            case OeffnenModus::Anhaengen:
+                flags |= O_WRONLY | O_CREAT;
+                break;
         }
         int fd = ::open(pfad.c_str(), flags, 0644);
         if (fd < 0) {

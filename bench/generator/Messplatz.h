@@ -15,23 +15,26 @@ namespace dv::generator {
 // Answers every question with `antwort`, confirms every unknown object with OK,
 // shows nothing.
 class StillerBenutzer final : public Benutzer {
-public:
+  public:
     explicit StillerBenutzer(bool antwort = true) : antwort_(antwort) {}
     bool frage(const std::string&, const std::string&) override { return antwort_; }
     void meldung(const std::string&, const std::string&, Symbol) override {}
-    ObjektAntwort objektBestaetigen(const ObjektDialog&) override { return {ObjektTaste::OK, {}, -1}; }
-    std::vector<int> waehle(const std::string&, const std::string&, const std::vector<std::string>&, bool,
-                            int) override {
+    ObjektAntwort objektBestaetigen(const ObjektDialog&) override {
+        return {ObjektTaste::OK, {}, -1};
+    }
+    std::vector<int> waehle(const std::string&, const std::string&, const std::vector<std::string>&,
+                            bool, int) override {
         return {};
     }
-    bool info(const std::string&, const std::vector<std::pair<std::string, std::string>>&) override {
+    bool info(const std::string&,
+              const std::vector<std::pair<std::string, std::string>>&) override {
         return antwort_;
     }
     void zeigeText(const std::string&, const std::string&) override {}
     void fortschritt(const std::string&, int, int) override {}
     bool zwischenablage(const std::string&) override { return antwort_; }
 
-private:
+  private:
     bool antwort_;
 };
 
