@@ -29,7 +29,7 @@ void deutscheHilfe(CLI::App& app) {
     f->label("Positionals", "Argumente");
     f->label("REQUIRED", "Pflicht");
     f->label("Needs", "Braucht");
-    f->label("Excludes", "Schließt aus");
+    f->label("Excludes", cp1252NachUtf8("Schließt aus"));
     f->label("Env", "Umgebung");
     f->label("TEXT", "TEXT");
 }

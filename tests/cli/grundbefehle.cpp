@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
+#include <vector>
 
+#include "app/base/Zeichensatz.h"
 #include "tests/support/Prozess.h"
 #include "tests/support/TempOrdner.h"
 
@@ -16,7 +19,42 @@ int anzahlDateien(const std::string& ordner) {
     return n;
 }
 
+// The command names a help text lists: lines of two blanks and a lower-case word.
+std::vector<std::string> befehleDerHilfe(const std::string& hilfe) {
+    std::vector<std::string> namen;
+    std::istringstream zeilen(hilfe);
+    for (std::string z; std::getline(zeilen, z);)
+        if (z.size() > 2 && z.compare(0, 2, "  ") == 0 && z[2] >= 'a' && z[2] <= 'z')
+            namen.push_back(z.substr(2, z.find(' ', 2) - 2));
+    return namen;
+}
+
 }  // namespace
+
+// Every help text, down to the subcommands, reaches the terminal as UTF-8 that
+// the catalogue's code page can hold: no 8-bit text slipped through unconverted.
+TEST(CliGrundbefehle, JedeHilfeIstUtf8) {
+    TempOrdner tmp;
+    std::vector<std::vector<std::string>> offen{{}};
+    int gesehen = 0;
+    while (!offen.empty()) {
+        std::vector<std::string> pfad = offen.back();
+        offen.pop_back();
+        std::vector<std::string> args = pfad;
+        args.push_back("--help");
+        const Lauf lauf = cli(args, tmp / "cfg");
+        ASSERT_EQ(lauf.code, 0) << lauf.err;
+        std::string cp1252;
+        EXPECT_TRUE(dv::utf8NachCp1252(lauf.aus, cp1252)) << lauf.aus;
+        ++gesehen;
+        if (pfad.size() < 2)
+            for (const std::string& b : befehleDerHilfe(lauf.aus)) {
+                offen.push_back(pfad);
+                offen.back().push_back(b);
+            }
+    }
+    EXPECT_GT(gesehen, 40);
+}
 
 TEST(CliGrundbefehle, InitLegtTabellenUndOrdnerAn) {
     TempOrdner tmp;
