@@ -56,7 +56,7 @@ E* neu(Datenbank& db, const char* var, const char* fn) {
     if (!roh) return nullptr;
     std::memset(roh, 0, sizeof(E));
     auto* e = static_cast<E*>(roh);
-    if (e) DV_TRACE(db.trace(), kTraceSpeicher, "[malloc] %s = [%08x] {%s}", var, adr(e), fn);
+    DV_TRACE(db.trace(), kTraceSpeicher, "[malloc] %s = [%08x] {%s}", var, adr(e), fn);
     return e;
 }
 
