@@ -1,5 +1,5 @@
-// Wildcard select: whole-value match with "*" and "?", blanks trimmed, ASCII
-// letters folded only when the case setting is off.
+// Wildcard select and the matchers under it: whole-value match with "*" and "?",
+// blanks trimmed by the select, ASCII letters folded only when the case setting is off.
 
 #include <gtest/gtest.h>
 
@@ -35,45 +35,50 @@ protected:
     using V = std::vector<std::string>;
 };
 
-TEST_F(Wildcard, StarFollowsTheCaseSetting) {
-    EXPECT_EQ(treffer("ab*", true), (V{"ab", "abc", "abcd"}));
-    EXPECT_EQ(treffer("ab*", false), (V{"ab", "abc", "ABC", "abcd"}));
-    EXPECT_EQ(treffer("*C", true), (V{"ABC"}));
-    EXPECT_EQ(treffer("*C", false), (V{"abc", "ABC", "ac"}));
-}
-
-TEST_F(Wildcard, UmlautsAreNeverFolded) {
-    EXPECT_EQ(treffer("Ä*", false), (V{"Äpfel"}));
-    EXPECT_EQ(treffer("ä*", false), (V{"äpfel"}));
-    EXPECT_EQ(treffer("?PFEL", false), (V{"Äpfel", "äpfel"}));
-    EXPECT_EQ(treffer("?PFEL", true), V{});
-}
-
-TEST_F(Wildcard, QuestionMarkIsExactlyOneCharacter) {
-    EXPECT_EQ(treffer("a?c", true), (V{"abc"}));
-    EXPECT_EQ(treffer("a??", true), (V{"abc"}));
-    EXPECT_EQ(treffer("?", true), V{});
-    EXPECT_EQ(treffer("??", true), (V{"ab", "ac"}));
-}
-
-TEST_F(Wildcard, PlainTextMatchesTheWholeValueOnly) {
-    EXPECT_EQ(treffer("abc", true), (V{"abc"}));
-    EXPECT_EQ(treffer("abc", false), (V{"abc", "ABC"}));
-    EXPECT_EQ(treffer("bc", true), V{});
-}
-
-TEST_F(Wildcard, BlanksAroundPatternAndValueDoNotCount) {
-    EXPECT_EQ(treffer("abc   ", true), (V{"abc"}));
-    EXPECT_EQ(treffer("   abc", true), (V{"abc"}));
-    EXPECT_EQ(treffer("xyz", true), (V{"  xyz  "}));
-    EXPECT_EQ(treffer("x*z", true), (V{"  xyz  "}));
-}
-
-TEST_F(Wildcard, EmptyExampleMatchesEverythingAndTheIdKeyNarrows) {
+TEST_F(Wildcard, WholeValueMatchWithStarQuestionMarkBlanksCaseAndIdKey) {
+    struct Fall {
+        const char* muster;
+        bool grossKlein;
+        long id;
+        V treffer;
+    };
+    const Fall faelle[] = {
+        // "*" follows the case setting.
+        {"ab*", true, 0, {"ab", "abc", "abcd"}},
+        {"ab*", false, 0, {"ab", "abc", "ABC", "abcd"}},
+        {"*C", true, 0, {"ABC"}},
+        {"*C", false, 0, {"abc", "ABC", "ac"}},
+        // Umlauts are never folded.
+        {"Ä*", false, 0, {"Äpfel"}},
+        {"ä*", false, 0, {"äpfel"}},
+        {"?PFEL", false, 0, {"Äpfel", "äpfel"}},
+        {"?PFEL", true, 0, {}},
+        // "?" is exactly one character.
+        {"a?c", true, 0, {"abc"}},
+        {"a??", true, 0, {"abc"}},
+        {"?", true, 0, {}},
+        {"??", true, 0, {"ab", "ac"}},
+        // Plain text matches the whole value only.
+        {"abc", true, 0, {"abc"}},
+        {"abc", false, 0, {"abc", "ABC"}},
+        {"bc", true, 0, {}},
+        // Blanks around pattern and value do not count.
+        {"abc   ", true, 0, {"abc"}},
+        {"   abc", true, 0, {"abc"}},
+        {"xyz", true, 0, {"  xyz  "}},
+        {"x*z", true, 0, {"  xyz  "}},
+        // The id key narrows.
+        {"", true, 3, {"ABC"}},
+        {"a*", true, 3, {}},
+    };
+    for (const Fall& f : faelle) {
+        SCOPED_TRACE(std::string("[") + f.muster + "] gk " + std::to_string(f.grossKlein) +
+                     " id " + std::to_string(f.id));
+        EXPECT_EQ(treffer(f.muster, f.grossKlein, f.id), f.treffer);
+    }
+    // An empty example, "*" (the empty text too) and a negative id take everything.
     EXPECT_EQ(treffer("", true).size(), 9u);
-    EXPECT_EQ(treffer("*", true).size(), 9u);  // the empty text too
-    EXPECT_EQ(treffer("", true, 3), (V{"ABC"}));
-    EXPECT_EQ(treffer("a*", true, 3), V{});
+    EXPECT_EQ(treffer("*", true).size(), 9u);
     EXPECT_EQ(treffer("", true, -5).size(), 9u);
 }
 
@@ -87,22 +92,49 @@ bool referenz(const char* m, const char* w, bool gk) {
     return referenz(m + 1, w + 1, gk);
 }
 
+// Random patterns and values, over plain ASCII and again with an umlaut and
+// blanks: musterPasst agrees with the plain matcher, Suchmuster with musterPasst.
 TEST(MusterPasst, AgreesWithAPlainMatcherOnRandomInput) {
     std::mt19937 zufall(4711);
-    const char musterZeichen[] = "aAb*?";
-    const char wertZeichen[] = "aAbB";
-    auto erzeuge = [&](const char* alphabet, std::size_t n, std::size_t maxLaenge) {
+    auto erzeuge = [&](const std::string& alphabet, std::size_t maxLaenge) {
         std::string s(zufall() % (maxLaenge + 1), ' ');
-        for (char& c : s) c = alphabet[zufall() % n];
+        for (char& c : s) c = alphabet[zufall() % alphabet.size()];
         return s;
     };
-    for (int i = 0; i < 20000; ++i) {
-        const std::string m = erzeuge(musterZeichen, 5, 7);
-        const std::string w = erzeuge(wertZeichen, 4, 9);
-        for (bool gk : {true, false})
-            ASSERT_EQ(musterPasst(m, w, gk), referenz(m.c_str(), w.c_str(), gk))
-                << "Muster [" << m << "] Wert [" << w << "] grossKlein " << gk;
+    const std::pair<std::string, std::string> alphabete[] = {{"aAb*?", "aAbB"},
+                                                             {"aAbB*?\xe4 ", "aAbB\xe4 "}};
+    for (const auto& [musterZeichen, wertZeichen] : alphabete) {
+        for (int i = 0; i < 20000; ++i) {
+            const std::string m = erzeuge(musterZeichen, 7);
+            const std::string w = erzeuge(wertZeichen, 9);
+            for (bool gk : {true, false}) {
+                ASSERT_EQ(musterPasst(m, w, gk), referenz(m.c_str(), w.c_str(), gk))
+                    << "Muster [" << m << "] Wert [" << w << "] grossKlein " << gk;
+                ASSERT_EQ(Suchmuster(m, gk).passt(w), musterPasst(m, w, gk))
+                    << "Suchmuster [" << m << "] Wert [" << w << "] grossKlein " << gk;
+            }
+        }
     }
+}
+
+// The fast forms and quick rejections of the prepared pattern.
+TEST(Suchmuster, FormenUndSchnelleAbweisungen) {
+    EXPECT_FALSE(Suchmuster("Matrix", false).passt("The Matrix"));
+    EXPECT_TRUE(Suchmuster("*matrix*", false).passt("The Matrix"));
+    EXPECT_FALSE(Suchmuster("*matrix*", true).passt("The Matrix"));
+    EXPECT_TRUE(Suchmuster("the*", false).passt("The Matrix"));
+    EXPECT_TRUE(Suchmuster("**rix", false).passt("The Matrix"));
+    EXPECT_FALSE(Suchmuster("*rix", false).passt("rx"));
+    EXPECT_TRUE(Suchmuster("", false).passt(""));
+    EXPECT_FALSE(Suchmuster("", false).passt("a"));
+    EXPECT_TRUE(Suchmuster("**", false).passt(""));
+    EXPECT_FALSE(Suchmuster("*?", false).passt(""));
+    EXPECT_TRUE(Suchmuster("a?c", false).passt("abc"));
+    EXPECT_FALSE(Suchmuster("a?c", false).passt("ac"));
+    EXPECT_FALSE(Suchmuster("abc", false).passt("abcd"));
+    EXPECT_TRUE(Suchmuster("\xc4*", false).passt("\xc4rger"));
+    EXPECT_FALSE(Suchmuster("\xe4*", false).passt("\xc4rger"));
+    EXPECT_EQ(Suchmuster("a*b", true).text(), "a*b");
 }
 
 TEST(MusterPasst, LongValuesBeyondTheStackRow) {
@@ -118,6 +150,7 @@ TEST(MusterPasst, TrimmingHelpers) {
     EXPECT_EQ(ohneRandLeer("    "), "");
     EXPECT_EQ(ohneEndLeer("  a  "), "  a");
 }
+
 
 }  // namespace
 }  // namespace dv::test

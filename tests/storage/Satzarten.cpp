@@ -1,7 +1,9 @@
-// Every record class: its size on disk, the positions of its fields, and a
-// round trip at the edges of its field widths.
+// Every record class: its size on disk, the bytes of its fields, and a round
+// trip at the edges of its field widths.
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 #include "storage/Katalog.h"
 #include "tests/storage/Umgebung.h"
@@ -9,153 +11,118 @@
 namespace dv::test {
 namespace {
 
+// The expected bytes of a live record, field by field as they lie on disk.
+struct Satz {
+    std::string s;
+    explicit Satz(std::uint32_t id) { n(kLebendBit | id); }
+    template <class T>
+    Satz& n(T v) {
+        s.append(reinterpret_cast<const char*>(&v), sizeof v);
+        return *this;
+    }
+    Satz& i8(int v) { return n(static_cast<std::int8_t>(v)); }
+    Satz& i16(int v) { return n(static_cast<std::int16_t>(v)); }
+    Satz& u16(int v) { return n(static_cast<std::uint16_t>(v)); }
+    Satz& i32(long v) { return n(static_cast<std::int32_t>(v)); }
+    // A text field of the given width: cut, or padded with zero bytes.
+    Satz& text(std::string t, std::size_t breite) {
+        t.resize(breite, '\0');
+        s += t;
+        return *this;
+    }
+};
+
 class Satzarten : public ::testing::Test {
 protected:
     Umgebung env;
+    Katalog k{env.u};
+    void SetUp() override {
+        for (Tabelle* t : k.alle()) ASSERT_TRUE(t->create());
+    }
     // The bytes of slot id of a table file.
     std::string satz(const Tabelle& t, long id) {
         return leseDatei(t.pfad()).substr((id - 1) * t.getRecordSize(), t.getRecordSize());
     }
-    template <class T>
-    static std::int64_t zahl(const std::string& s, std::size_t pos) {
-        T v;
-        std::memcpy(&v, s.data() + pos, sizeof v);
-        return v;
+    // Slot id holds exactly the bytes b, and reads back as the field values w.
+    template <class T, class... W>
+    void pruefe(T& t, long id, const Satz& b, W... w) {
+        SCOPED_TRACE(t.name());
+        EXPECT_EQ(satz(t, id), b.s);
+        auto l = t.eine(id);
+        ASSERT_TRUE(l);
+        EXPECT_EQ(T::felder(T::zeile(l.get())), std::make_tuple(w...));
     }
 };
 
 TEST_F(Satzarten, RecordSizes) {
-    Katalog k(env.u);
-    EXPECT_EQ(k.Genre.getRecordSize(), 132u);
-    EXPECT_EQ(k.DVD_Film.getRecordSize(), 14u);
-    EXPECT_EQ(k.Film_Person.getRecordSize(), 18u);
-    EXPECT_EQ(k.Titel.getRecordSize(), 75u);
-    EXPECT_EQ(k.Film.getRecordSize(), 9u);
-    EXPECT_EQ(k.Film_Sprachen.getRecordSize(), 18u);
-    EXPECT_EQ(k.DVD_Box.getRecordSize(), 18u);
-    EXPECT_EQ(k.Person.getRecordSize(), 134u);
-    EXPECT_EQ(k.DVD.getRecordSize(), 90u);
-    EXPECT_EQ(k.Film_Genre.getRecordSize(), 14u);
-    EXPECT_EQ(k.TagStempel.getRecordSize(), 133u);
-    EXPECT_EQ(k.Box.getRecordSize(), 92u);
-    EXPECT_EQ(k.Filter.getRecordSize(), 141u);
-    EXPECT_EQ(k.Vormerk.getRecordSize(), 16u);
-    EXPECT_EQ(k.Vormerk2.getRecordSize(), 18u);
-    EXPECT_EQ(k.DatenVersion.getRecordSize(), 28u);
+    const std::pair<Tabelle*, unsigned> faelle[] = {
+        {&k.Genre, 132},       {&k.DVD_Film, 14},  {&k.Film_Person, 18}, {&k.Titel, 75},
+        {&k.Film, 9},          {&k.Film_Sprachen, 18}, {&k.DVD_Box, 18}, {&k.Person, 134},
+        {&k.DVD, 90},          {&k.Film_Genre, 14}, {&k.TagStempel, 133}, {&k.Box, 92},
+        {&k.Filter, 141},      {&k.Vormerk, 16},   {&k.Vormerk2, 18},   {&k.DatenVersion, 28}};
+    for (auto [t, groesse] : faelle) EXPECT_EQ(t->getRecordSize(), groesse) << t->name();
 }
 
 TEST_F(Satzarten, Tabelle1TextsAtTheFieldWidth) {
-    Tabelle1 t(env.u, "Genre");
-    ASSERT_TRUE(t.create());
+    Tabelle1& t = k.Genre;
     const std::string t127(127, 'a'), t128(128, 'b'), t200(200, 'c');
     const long a = t.insert(t127.c_str()), b = t.insert(t128.c_str()), c = t.insert(t200.c_str());
-    EXPECT_EQ(Tabelle1::zeile(t.eine(a).get()).cpText, t127);
-    EXPECT_EQ(Tabelle1::zeile(t.eine(b).get()).cpText, t128);  // no terminator on disk
-    EXPECT_EQ(satz(t, b).back(), 'b');
+    pruefe(t, a, Satz(1).text(t127, 128), t127);
+    pruefe(t, b, Satz(2).text(t128, 128), t128);  // no terminator on disk
     // A caller passing more than the field holds gets it cut, never spilling over.
-    EXPECT_EQ(Tabelle1::zeile(t.eine(c).get()).cpText, std::string(128, 'c'));
+    pruefe(t, c, Satz(3).text(t200, 128), std::string(128, 'c'));
     EXPECT_EQ(leseDatei(t.pfad()).size(), 3 * 132u);
     // Bytes above 0x7F are stored as they are (Windows-1252).
     const long d = t.insert("Komödie \x80");
     EXPECT_STREQ(Tabelle1::zeile(t.eine(d).get()).cpText, "Komödie \x80");
 }
 
-TEST_F(Satzarten, LinkRecordsTabelle2And10) {
-    Tabelle2 t2(env.u, "DVD_Film");
-    ASSERT_TRUE(t2.create());
-    Tabelle10 t10(env.u, "Film_Genre");
-    ASSERT_TRUE(t10.create());
-    const long a = t2.insert(0x7FFFFFFF, 17, 65535);
-    const long b = t10.insert(42, 7, 3);
-    const auto z2 = Tabelle2::zeile(t2.eine(a).get());
-    EXPECT_EQ(z2.DVD_Id, 0x7FFFFFFF);
-    EXPECT_EQ(z2.Objekt1_Id, 17);
-    EXPECT_EQ(z2.Pos, 65535);
-    const std::string s = satz(t10, b);
-    EXPECT_EQ(zahl<std::int32_t>(s, 4), 42);
-    EXPECT_EQ(zahl<std::int32_t>(s, 8), 7);
-    EXPECT_EQ(zahl<std::uint16_t>(s, 12), 3);
-    EXPECT_TRUE(t2.update(a, 1, 2, 9));
-    EXPECT_EQ(Tabelle2::zeile(t2.eine(a).get()).Pos, 9);
+TEST_F(Satzarten, LinkClassesAtTheEdgesOfTheirNumbers) {
+    pruefe(k.DVD_Film, k.DVD_Film.insert(0x7FFFFFFF, 17, 65535),
+           Satz(1).i32(0x7FFFFFFF).i32(17).u16(65535), 0x7FFFFFFF, 17, 65535);
+    ASSERT_TRUE(k.DVD_Film.update(1, 1, 2, 9));
+    pruefe(k.DVD_Film, 1, Satz(1).i32(1).i32(2).u16(9), 1, 2, 9);
+    pruefe(k.Film_Genre, k.Film_Genre.insert(42, 7, 3), Satz(1).i32(42).i32(7).u16(3), 42, 7, 3);
+    pruefe(k.Film_Person, k.Film_Person.insert(1, 2, 3, 4), Satz(1).i32(1).i32(2).i32(3).u16(4),
+           1, 2, 3, 4);
+    pruefe(k.Film_Sprachen, k.Film_Sprachen.insert(5, 6, 7, 8),
+           Satz(1).i32(5).i32(6).i32(7).u16(8), 5, 6, 7, 8);
+    pruefe(k.DVD_Box, k.DVD_Box.insert(9, 10, 11, 12), Satz(1).i32(9).i32(10).i32(11).u16(12), 9,
+           10, 11, 12);
+    ASSERT_TRUE(k.DVD_Box.update(1, 9, 10, 0, 2));
+    pruefe(k.DVD_Box, 1, Satz(1).i32(9).i32(10).i32(0).u16(2), 9, 10, 0, 2);
+    pruefe(k.Vormerk2, k.Vormerk2.insert(1, 3, 77, 4), Satz(1).i32(1).i32(3).i32(77).u16(4), 1, 3,
+           77, 4);
+    ASSERT_TRUE(k.Vormerk2.update(1, 1, 3, 77, 5));
+    pruefe(k.Vormerk2, 1, Satz(1).i32(1).i32(3).i32(77).u16(5), 1, 3, 77, 5);
 }
 
-TEST_F(Satzarten, Tabelle3And6And7) {
-    Tabelle3 t3(env.u, "Film_Person");
-    ASSERT_TRUE(t3.create());
-    Tabelle6 t6(env.u, "Film_Sprachen");
-    ASSERT_TRUE(t6.create());
-    Tabelle7 t7(env.u, "DVD_Box");
-    ASSERT_TRUE(t7.create());
-    const long a = t3.insert(1, 2, 3, 4);
-    const long b = t6.insert(5, 6, 7, 8);
-    const long c = t7.insert(9, 10, 11, 12);
-    const std::string s3 = satz(t3, a), s6 = satz(t6, b), s7 = satz(t7, c);
-    EXPECT_EQ(zahl<std::int32_t>(s3, 12), 3);
-    EXPECT_EQ(zahl<std::uint16_t>(s3, 16), 4);
-    EXPECT_EQ(zahl<std::int32_t>(s6, 12), 7);
-    EXPECT_EQ(zahl<std::uint16_t>(s7, 16), 12);
-    const auto z7 = Tabelle7::zeile(t7.eine(c).get());
-    EXPECT_EQ(z7.Box_Id, 9);
-    EXPECT_EQ(z7.Sammelbox_Id, 11);
-    EXPECT_TRUE(t7.update(c, 9, 10, 0, 2));
-    EXPECT_EQ(Tabelle7::zeile(t7.eine(c).get()).Sammelbox_Id, 0);
-    EXPECT_EQ(Tabelle6::zeile(t6.eine(b).get()).Tonformat_Id, 7);
-    EXPECT_EQ(Tabelle3::zeile(t3.eine(a).get()).Person_Id, 2);
+TEST_F(Satzarten, TitleFilmAndStampTag) {
+    const std::string t64(64, 'T'), s128(128, 'S');
+    pruefe(k.Titel, k.Titel.insert(123, -2, t64.c_str(), 7), Satz(1).i32(123).i8(-2).text(t64, 64).u16(7),
+           123, -2, t64, 7);
+    pruefe(k.Film, k.Film.insert(18, 142, 1999), Satz(1).i8(18).i16(142).i16(1999), 18, 142, 1999);
+    ASSERT_TRUE(k.Film.update(1, 0, 90, 2007));
+    pruefe(k.Film, 1, Satz(1).i8(0).i16(90).i16(2007), 0, 90, 2007);
+    pruefe(k.TagStempel, k.TagStempel.insert(5, s128.c_str()), Satz(1).i8(5).text(s128, 128), 5,
+           s128);
+    // A shorter text leaves no tail of the longer one.
+    ASSERT_TRUE(k.TagStempel.update(1, 6, "kurz"));
+    pruefe(k.TagStempel, 1, Satz(1).i8(6).text("kurz", 128), 6, std::string("kurz"));
 }
 
-TEST_F(Satzarten, Tabelle4TitleLayout) {
-    Tabelle4 t(env.u, "Titel");
-    ASSERT_TRUE(t.create());
-    const std::string lang(64, 'T');
-    const long id = t.insert(123, -2, lang.c_str(), 7);
-    const std::string s = satz(t, id);
-    EXPECT_EQ(zahl<std::int32_t>(s, 4), 123);
-    EXPECT_EQ(zahl<std::int8_t>(s, 8), -2);
-    EXPECT_EQ(s.substr(9, 64), lang);
-    EXPECT_EQ(zahl<std::uint16_t>(s, 73), 7);
-    const auto z = Tabelle4::zeile(t.eine(id).get());
-    EXPECT_EQ(z.cpTitel, lang);
-    EXPECT_EQ(z.Typ, -2);
-    EXPECT_EQ(z.Pos, 7);
-}
-
-TEST_F(Satzarten, Tabelle5FilmAndItsUpdate) {
-    Tabelle5 t(env.u, "Film");
-    ASSERT_TRUE(t.create());
-    const long id = t.insert(18, 142, 1999);
-    EXPECT_EQ(zahl<std::int8_t>(satz(t, id), 4), 18);
-    EXPECT_EQ(zahl<std::int16_t>(satz(t, id), 5), 142);
-    EXPECT_EQ(zahl<std::int16_t>(satz(t, id), 7), 1999);
-    EXPECT_TRUE(t.update(id, 0, 90, 2007));
-    const auto z = Tabelle5::zeile(t.eine(id).get());
-    EXPECT_EQ(z.FSK, 0);
-    EXPECT_EQ(z.Laenge, 90);
-    EXPECT_EQ(z.Jahr, 2007);
-}
-
-TEST_F(Satzarten, Tabelle8ShorterNameLeavesNoTail) {
-    Tabelle8 t(env.u, "Person");
-    ASSERT_TRUE(t.create());
+TEST_F(Satzarten, PersonShorterNameLeavesNoTail) {
+    Tabelle8& t = k.Person;
     const long id = t.insert(2, "Schwarzenegger", "Arnold");
     ASSERT_TRUE(t.update(id, 1, "Li", "Jet"));
-    const auto z = Tabelle8::zeile(t.eine(id).get());
-    EXPECT_STREQ(z.cpName, "Li");
-    EXPECT_STREQ(z.cpVorname, "Jet");
-    EXPECT_EQ(z.Instanz, 1);
-    const std::string s = satz(t, id);
-    EXPECT_EQ(s.substr(6, 3), std::string("Li\0", 3));
-    EXPECT_TRUE(nullIm(s, 8, 70));
-    EXPECT_EQ(s.substr(70, 4), std::string("Jet\0", 4));
-    EXPECT_TRUE(nullIm(s, 73, 134));
+    pruefe(t, id, Satz(1).i16(1).text("Li", 64).text("Jet", 64), 1, std::string("Li"),
+           std::string("Jet"));
     const std::string n64(64, 'N');
-    const long voll = t.insert(0, n64.c_str(), n64.c_str());
-    EXPECT_EQ(Tabelle8::zeile(t.eine(voll).get()).cpName, n64);
-    EXPECT_EQ(Tabelle8::zeile(t.eine(voll).get()).cpVorname, n64);
+    pruefe(t, t.insert(0, n64.c_str(), n64.c_str()), Satz(2).i16(0).text(n64, 64).text(n64, 64), 0,
+           n64, n64);
 }
 
-TEST_F(Satzarten, Tabelle9DvdLayoutAndUnsignedFields) {
-    Tabelle9 t(env.u, "DVD");
-    ASSERT_TRUE(t.create());
+TEST_F(Satzarten, DvdLayoutAndUnsignedFields) {
     Zeile9 d{};
     d.Jahr = 2004;
     d.RC = 2;
@@ -166,111 +133,51 @@ TEST_F(Satzarten, Tabelle9DvdLayoutAndUnsignedFields) {
     d.Laenge = 148;
     d.BytesLow = 0x89ABCDEFu;
     d.BytesHigh = 0x00000001u;
-    const long id = t.insert(d);
-    const std::string s = satz(t, id);
-    EXPECT_EQ(zahl<std::int16_t>(s, 4), 2004);
-    EXPECT_EQ(zahl<std::int8_t>(s, 6), 2);
-    EXPECT_EQ(zahl<std::int8_t>(s, 7), -128);
-    EXPECT_EQ(s.substr(8, 64), std::string(64, 'D'));
-    EXPECT_EQ(zahl<std::int32_t>(s, 72), 3);
-    EXPECT_EQ(zahl<std::uint32_t>(s, 76), 0xFFFFFFFFu);
-    EXPECT_EQ(zahl<std::int16_t>(s, 80), 148);
-    EXPECT_EQ(zahl<std::uint32_t>(s, 82), 0x89ABCDEFu);
-    EXPECT_EQ(zahl<std::uint32_t>(s, 86), 1u);
-    const auto z = Tabelle9::zeile(t.eine(id).get());
-    EXPECT_EQ(z.SN, 0xFFFFFFFFu);
-    EXPECT_EQ(z.cpText, std::string(64, 'D'));
+    const std::string d64(64, 'D');
+    auto bytes = [&](const std::string& text) {
+        return Satz(1).i16(2004).i8(2).i8(-128).text(text, 64).i32(3).n(0xFFFFFFFFu).i16(148)
+            .n(0x89ABCDEFu).n(1u);
+    };
+    pruefe(k.DVD, k.DVD.insert(d), bytes(d64), 2004, 2, -128, d64, 3, 0xFFFFFFFFu, 148,
+           0x89ABCDEFu, 1u);
     d.cpText[0] = 'x';
     d.cpText[1] = '\0';
-    EXPECT_TRUE(t.update(id, d));
-    EXPECT_STREQ(Tabelle9::zeile(t.eine(id).get()).cpText, "x");
+    EXPECT_TRUE(k.DVD.update(1, d));
+    pruefe(k.DVD, 1, bytes("x"), 2004, 2, -128, std::string("x"), 3, 0xFFFFFFFFu, 148,
+           0x89ABCDEFu, 1u);
 }
 
-TEST_F(Satzarten, Tabelle11StampTags) {
-    Tabelle11 t(env.u, "TagStempel");
-    ASSERT_TRUE(t.create());
-    const std::string lang(128, 'S');
-    const long id = t.insert(5, lang.c_str());
-    EXPECT_EQ(zahl<std::int8_t>(satz(t, id), 4), 5);
-    EXPECT_EQ(Tabelle11::zeile(t.eine(id).get()).cpText, lang);
-    EXPECT_TRUE(t.update(id, 6, "kurz"));
-    EXPECT_STREQ(Tabelle11::zeile(t.eine(id).get()).cpText, "kurz");
-    EXPECT_TRUE(nullIm(satz(t, id), 9, 133));
+TEST_F(Satzarten, BoxWithThirteenDigitEanAndFilter) {
+    pruefe(k.Box, k.Box.insert("4011846012345", "Der Pate - Trilogie", 2, 3),
+           Satz(1).text("4011846012345", 16).text("Der Pate - Trilogie", 64).i32(2).i32(3),
+           std::string("4011846012345"), std::string("Der Pate - Trilogie"), 2, 3);
+    ASSERT_TRUE(k.Box.update(1, "123", "Pate", 0, 0));
+    pruefe(k.Box, 1, Satz(1).text("123", 16).text("Pate", 64).i32(0).i32(0), std::string("123"),
+           std::string("Pate"), 0, 0);
+    const std::string e128(128, 'E');
+    pruefe(k.Filter, k.Filter.insert(4, 9, -1, e128.c_str()), Satz(1).i32(4).i8(9).i32(-1).text(e128, 128),
+           4, 9, -1, e128);
 }
 
-TEST_F(Satzarten, Tabelle12BoxWithThirteenDigitEan) {
-    Tabelle12 t(env.u, "Box");
-    ASSERT_TRUE(t.create());
-    const long id = t.insert("4011846012345", "Der Pate - Trilogie", 2, 3);
-    const std::string s = satz(t, id);
-    EXPECT_EQ(s.substr(4, 16), std::string("4011846012345\0\0\0", 16));
-    EXPECT_EQ(s.substr(20, 20), std::string("Der Pate - Trilogie\0", 20));
-    EXPECT_EQ(zahl<std::int32_t>(s, 84), 2);
-    EXPECT_EQ(zahl<std::int32_t>(s, 88), 3);
-    const auto z = Tabelle12::zeile(t.eine(id).get());
-    EXPECT_STREQ(z.cpEAN, "4011846012345");
-    EXPECT_STREQ(z.cpText, "Der Pate - Trilogie");
-    EXPECT_TRUE(t.update(id, "123", "Pate", 0, 0));
-    EXPECT_STREQ(Tabelle12::zeile(t.eine(id).get()).cpEAN, "123");
-    EXPECT_TRUE(nullIm(satz(t, id), 7, 20));
-}
-
-TEST_F(Satzarten, Tabelle13FilterEntries) {
-    Tabelle13 t(env.u, "Filter");
-    ASSERT_TRUE(t.create());
-    const std::string lang(128, 'E');
-    const long id = t.insert(4, 9, -1, lang.c_str());
-    const std::string s = satz(t, id);
-    EXPECT_EQ(zahl<std::int32_t>(s, 4), 4);
-    EXPECT_EQ(zahl<std::int8_t>(s, 8), 9);
-    EXPECT_EQ(zahl<std::int32_t>(s, 9), -1);
-    EXPECT_EQ(s.substr(13, 128), lang);
-    EXPECT_EQ(Tabelle13::zeile(t.eine(id).get()).cpExtern, lang);
-}
-
-TEST_F(Satzarten, Tabelle14IsReadOnlyThroughTheEngine) {
+TEST_F(Satzarten, WatchListIsReadOnlyThroughTheEngine) {
     // No insert of its own: the rows come from the file as written elsewhere.
-    Tabelle14 t(env.u, "Vormerk");
-    ASSERT_TRUE(t.create());
-    std::string f(32, '\0');
-    const std::int32_t werte[8] = {static_cast<std::int32_t>(0x80000001u), 7, 8, 9, 2, 0, 0, 0};
-    std::memcpy(f.data(), werte, 32);
-    schreibeDatei(t.pfad(), f);
-    EXPECT_EQ(ids(t.alle().get()), std::vector<long>{1});
-    const auto z = Tabelle14::zeile(t.eine(1).get());
-    EXPECT_EQ(z.lWert1, 7);
-    EXPECT_EQ(z.lWert3, 9);
-    EXPECT_EQ(t.select(2), nullptr);
-}
-
-TEST_F(Satzarten, Tabelle15WatchListEntries) {
-    Tabelle15 t(env.u, "Vormerk2");
-    ASSERT_TRUE(t.create());
-    const long id = t.insert(1, 3, 77, 4);
-    EXPECT_EQ(zahl<std::int32_t>(satz(t, id), 12), 77);
-    EXPECT_EQ(zahl<std::uint16_t>(satz(t, id), 16), 4);
-    EXPECT_TRUE(t.update(id, 1, 3, 77, 5));
-    EXPECT_EQ(Tabelle15::zeile(t.eine(id).get()).Pos, 5);
+    schreibeDatei(k.Vormerk.pfad(), Satz(1).i32(7).i32(8).i32(9).i32(2).s + std::string(12, '\0'));
+    EXPECT_EQ(ids(k.Vormerk.alle().get()), std::vector<long>{1});
+    pruefe(k.Vormerk, 1, Satz(1).i32(7).i32(8).i32(9), 7, 8, 9);
+    EXPECT_EQ(k.Vormerk.select(2), nullptr);
 }
 
 TEST_F(Satzarten, VersionRecordKeepsItsEightCharacterDate) {
-    TabelleVersion v(env.u, "DatenVersion");
-    ASSERT_TRUE(v.create());
+    TabelleVersion& v = k.DatenVersion;
     DatenVersionSatz s;
     s.teil[0] = 4;
     s.teil[3] = 1;
     std::memcpy(s.datum, "20070406", 9);
     ASSERT_TRUE(v.schreibe(s));
-    const std::string b = leseDatei(v.pfad());
-    ASSERT_EQ(b.size(), 28u);
-    EXPECT_EQ(zahl<std::uint32_t>(b, 0), 0x80000001u);
-    EXPECT_EQ(zahl<std::int32_t>(b, 4), 4);
-    EXPECT_EQ(zahl<std::int32_t>(b, 16), 1);
-    EXPECT_EQ(b.substr(20), "20070406");
+    EXPECT_EQ(leseDatei(v.pfad()), Satz(1).i32(4).i32(0).i32(0).i32(1).text("20070406", 8).s);
     DatenVersionSatz gelesen;
     ASSERT_TRUE(v.lese(gelesen));
-    EXPECT_EQ(std::strlen(gelesen.datum), 8u);
-    EXPECT_STREQ(gelesen.datum, "20070406");
+    EXPECT_EQ(std::string(gelesen.datum), "20070406");
     EXPECT_EQ(gelesen.teil[0], 4);
     EXPECT_EQ(gelesen.teil[3], 1);
     // A date of nine characters without terminator is cut at eight.
