@@ -69,18 +69,6 @@ void beschreibeFilm(Datenbank& db, const Ordner& o, const FilmElement& f, bool m
 
 }  // namespace
 
-namespace {
-LokaleZeit uhrzeit;
-LokaleZeit gestellt() { return uhrzeit; }
-}  // namespace
-
-FesteUhr::FesteUhr(LokaleZeit z) {
-    uhrzeit = z;
-    setzeUhr(gestellt);
-}
-
-FesteUhr::~FesteUhr() { setzeUhr(nullptr); }
-
 Katalogumgebung::Katalogumgebung(Dateisystem& fs) : protokoll(fs) {
     ordner.setzeBasis(basis.pfad());
     ordner.legeAn(fs);
@@ -93,22 +81,9 @@ Katalogumgebung::Katalogumgebung(Dateisystem& fs) : protokoll(fs) {
     db->katalog().erzeugeDatenbank();
 }
 
-long Katalogumgebung::anzahlBoxen() {
-    long n = 0;
-    db->katalog().Box.scanne([&](const Zeile12&) { ++n; });
-    return n;
-}
-
-long Katalogumgebung::anzahlLookups(int typ) {
-    long n = 0;
-    db->lookupTabelle(typ)->scanne([&](const Zeile1&) { ++n; });
-    return n;
-}
-
-long Katalogumgebung::anzahlPersonen() {
-    long n = 0;
-    db->katalog().Person.scanne([&](const Zeile8&) { ++n; });
-    return n;
+ImportErgebnis Austauschumgebung::importiere(const std::string& name, const std::string& bytes) {
+    schreibeDatei(basis / name, bytes);
+    return imp.importiere(basis / name);
 }
 
 long legeBeispielBoxAn(Datenbank& db, const Ordner& o, const std::string& ean) {
@@ -213,13 +188,13 @@ Kodierer& Kodierer::zahl(std::uint8_t token, std::uint32_t wert, int breite) {
     return *this;
 }
 
-namespace {
-
-std::string u32(std::uint32_t v) {
+std::string alsU32(std::uint32_t v) {
     std::string s;
     for (int i = 0; i < 4; ++i) s += static_cast<char>((v >> (8 * i)) & 0xFF);
     return s;
 }
+
+namespace {
 
 std::string gepackt(const std::string& roh) {
     uLongf n = compressBound(static_cast<uLong>(roh.size()));
@@ -227,7 +202,7 @@ std::string gepackt(const std::string& roh) {
     compress(reinterpret_cast<Bytef*>(z.data()), &n, reinterpret_cast<const Bytef*>(roh.data()),
              static_cast<uLong>(roh.size()));
     z.resize(n);
-    return u32(static_cast<std::uint32_t>(roh.size())) + z;
+    return alsU32(static_cast<std::uint32_t>(roh.size())) + z;
 }
 
 }  // namespace
@@ -236,12 +211,12 @@ std::string boxDatei(const std::string& daten, const std::string& bild, int bild
                      bool datenPacken) {
     const std::string b = bildPacken && !bild.empty() ? gepackt(bild) : bild;
     const std::string d = datenPacken ? gepackt(daten) : daten;
-    std::string kopf = "ZELKA4.0" + u32(0x00040000) + u32(0x00000001) + std::string(24, '\0');
+    std::string kopf = "ZELKA4.0" + alsU32(0x00040000) + alsU32(0x00000001) + std::string(24, '\0');
     kopf += "20230405";
     kopf += "060708";
     kopf += static_cast<char>(bildTyp | (bildPacken ? 0x40 : 0) | (datenPacken ? 0x80 : 0));
     kopf += '\0';
-    kopf += u32(64) + u32(static_cast<std::uint32_t>(64 + b.size()));
+    kopf += alsU32(64) + alsU32(static_cast<std::uint32_t>(64 + b.size()));
     return kopf + b + d;
 }
 

@@ -8,32 +8,48 @@
 #include <string>
 #include <vector>
 
+#include "app/base/Einstellungen.h"
 #include "app/base/Ordner.h"
 #include "app/base/Protokoll.h"
 #include "domain/Datenbank.h"
-#include "platform/Zeit.h"
+#include "interchange/Austausch.h"
+#include "interchange/BoxImport.h"
+#include "tests/support/FakeBenutzer.h"
+#include "tests/support/FesteUhr.h"
 #include "tests/support/TempOrdner.h"
 
 namespace dv::test {
 
-// Fixes the clock for one test at the given moment; the system clock afterwards.
-struct FesteUhr {
-    explicit FesteUhr(LokaleZeit z);
-    ~FesteUhr();
-};
-
 struct Katalogumgebung {
     explicit Katalogumgebung(Dateisystem& fs = echtesDateisystem());
 
-    long anzahlBoxen();
-    long anzahlLookups(int typ);
-    long anzahlPersonen();
+    template <class T>
+    static long zeilen(T& tab) {
+        long n = 0;
+        tab.scanne([&](const typename T::Zeile&) { ++n; });
+        return n;
+    }
+    long anzahlBoxen() { return zeilen(db->katalog().Box); }
+    long anzahlLookups(int typ) { return zeilen(*db->lookupTabelle(typ)); }
+    long anzahlPersonen() { return zeilen(db->katalog().Person); }
 
     TempOrdner basis;
     Ordner ordner;
     Protokoll protokoll;
     SpeicherUmgebung u;
     std::unique_ptr<Datenbank> db;
+};
+
+// A catalogue with a scripted user, the exchange front and a box importer on it.
+struct Austauschumgebung : Katalogumgebung {
+    using Katalogumgebung::Katalogumgebung;
+    // Writes bytes as basis/name and imports that file.
+    ImportErgebnis importiere(const std::string& name, const std::string& bytes);
+
+    FakeBenutzer nutzer;
+    Einstellungen einstellungen{basis / "e.conf"};
+    Austausch austausch{*db, ordner, nutzer, einstellungen};
+    BoxImport imp{*db, ordner, nutzer};
 };
 
 // Creates the sample box: packaging, two extras, tags, and two DVDs; the first
@@ -59,6 +75,9 @@ struct Kodierer {
     Kodierer& zahl(std::uint8_t token, std::uint32_t wert, int breite);
     Kodierer& ende() { return zahl(0x80, 0, 1); }
 };
+// v as four little-endian bytes.
+std::string alsU32(std::uint32_t v);
+
 // A whole file: header (date 2023-04-05, time 06:07:08), picture, data; packed
 // blocks when asked (u32 length + zlib stream).
 std::string boxDatei(const std::string& daten, const std::string& bild = std::string(),

@@ -18,6 +18,9 @@ namespace {
 std::uint32_t u32(const std::string& s, std::size_t pos) {
     return box::leseU32(reinterpret_cast<const unsigned char*>(s.data() + pos));
 }
+void setzeU32(std::string& s, std::size_t pos, std::uint32_t v) {
+    box::schreibeU32(reinterpret_cast<unsigned char*>(s.data() + pos), v);
+}
 
 // Every entry of a data block as token and text.
 std::vector<std::pair<int, std::string>> eintraege(const std::string& daten) {
@@ -29,6 +32,14 @@ std::vector<std::pair<int, std::string>> eintraege(const std::string& daten) {
         v.emplace_back(e.token, e.text);
         if (e.token == box::IMP_EXP_ENDE_TOKEN) break;
     }
+    return v;
+}
+
+// The texts of one token, in file order.
+std::vector<std::string> texteVon(const std::vector<std::pair<int, std::string>>& e, int token) {
+    std::vector<std::string> v;
+    for (const auto& [t, text] : e)
+        if (t == token) v.push_back(text);
     return v;
 }
 
@@ -46,27 +57,17 @@ std::string baue(Katalogumgebung& k, long boxId, SchreibOptionen o) {
 }  // namespace
 
 TEST(BoxDatei, KleinsteBoxByteFuerByte) {
-    FesteUhr uhr({5, 4, 2023, 6, 7, 8});
+    FesteUhr uhr(5, 4, 2023, 6, 7, 8);
     Katalogumgebung k;
     const long box = k.db->neueBox("123", "T", 0);
-    const std::string d = baue(k, box, SchreibOptionen{false, false, false});
-    ASSERT_EQ(d.size(), 64u + 17u);
-    EXPECT_EQ(d.substr(0, 8), "ZELKA4.0");
-    EXPECT_EQ(u32(d, 8), 0x00040000u);   // 4.0
-    EXPECT_EQ(u32(d, 12), 0x00000001u);  // .0.1
     const Betriebssystem os = betriebssystem();
-    EXPECT_EQ(u32(d, 16), os.plattform);
-    EXPECT_EQ(u32(d, 20), os.haupt);
-    EXPECT_EQ(u32(d, 24), os.neben);
-    EXPECT_EQ(u32(d, 28), os.build);
-    EXPECT_EQ(d.substr(32, 8), std::string(8, '\0'));
-    EXPECT_EQ(d.substr(40, 14), "20230405060708");
-    EXPECT_EQ(d[54], '\0');
-    EXPECT_EQ(d[55], '\0');
-    EXPECT_EQ(u32(d, 56), 64u);
-    EXPECT_EQ(u32(d, 60), 64u);
+    // Magic, version 4.0 and .0.1, the system, 8 spare bytes, date and time, flags 0,
+    // picture and data offsets, then the data block.
+    const std::string kopf = "ZELKA4.0" + alsU32(0x00040000) + alsU32(0x00000001) + alsU32(os.plattform) +
+                             alsU32(os.haupt) + alsU32(os.neben) + alsU32(os.build) + std::string(8, '\0') +
+                             "20230405060708" + std::string(2, '\0') + alsU32(64) + alsU32(64);
     const std::string daten("\x81\x02\x00\x00\x10\x01T\x11\x03" "123\x12\x00\x80\x01\x00", 17);
-    EXPECT_EQ(d.substr(64), daten);
+    EXPECT_EQ(baue(k, box, SchreibOptionen{false, false, false}), kopf + daten);
 }
 
 TEST(BoxDatei, ReihenfolgeUndPositionenDerListen) {
@@ -87,12 +88,7 @@ TEST(BoxDatei, ReihenfolgeUndPositionenDerListen) {
         0x83, 0x30, 0x31, 0x32, 0x33, 0x34, 0x35, 0x38, 0x36, 0x39,
         0x85, 0x50, 0x51, 0x52, 0x53, 0x54, 0x55, 0x60, 0x61, 0x62, 0x80};
     EXPECT_EQ(tokens, erwartet);
-    auto texte = [&](int token) {
-        std::vector<std::string> v;
-        for (const auto& [t, text] : e)
-            if (t == token) v.push_back(text);
-        return v;
-    };
+    auto texte = [&](int token) { return texteVon(e, token); };
     EXPECT_EQ(texte(0x81), std::vector<std::string>{"2"});
     EXPECT_EQ(texte(0x83), (std::vector<std::string>{"2", "1"}));
     EXPECT_EQ(texte(0x33), (std::vector<std::string>{"-559038737", "7"}));  // 0xDEADBEEF as %ld
@@ -122,15 +118,10 @@ TEST(BoxDatei, PersonFunktionAusserhalbDerFilmlisteUndOhneFunktion) {
     k.db->katalog().Film_Person.insert(film, p, 999, 9);
     BoxLeser leser;
     ASSERT_TRUE(leser.leseBytes(baue(k, box, SchreibOptionen{})));
-    std::vector<std::string> fkt, paare, alias;
-    for (const auto& [t, text] : eintraege(leser.daten())) {
-        if (t == 0x5c) fkt.push_back(text);
-        if (t == 0x5e) paare.push_back(text);
-        if (t == 0x5f) alias.push_back(text);
-    }
-    EXPECT_EQ(fkt, (std::vector<std::string>{"Regie", "Kamera"}));
-    EXPECT_EQ(paare, (std::vector<std::string>{"1#2", "1#-1"}));
-    EXPECT_TRUE(alias.empty());  // an empty alias is not written
+    const auto e = eintraege(leser.daten());
+    EXPECT_EQ(texteVon(e, 0x5c), (std::vector<std::string>{"Regie", "Kamera"}));
+    EXPECT_EQ(texteVon(e, 0x5e), (std::vector<std::string>{"1#2", "1#-1"}));
+    EXPECT_TRUE(texteVon(e, 0x5f).empty());  // an empty alias is not written
 }
 
 TEST(BoxDatei, BloeckeGepacktUndUngepackt) {
@@ -145,11 +136,9 @@ TEST(BoxDatei, BloeckeGepacktUndUngepackt) {
             EXPECT_EQ(flags, (bp ? 0x40 : 0) | (dp ? 0x80 : 0) | 2) << bp << dp;
             if (bp) {
                 EXPECT_LT(u32(d, 60), 64 + bild.size());
+                EXPECT_EQ(u32(d, 64), bild.size());  // stated length before the stream
             } else {
                 EXPECT_EQ(u32(d, 60), 64 + bild.size());
-            }
-            if (bp) {
-                EXPECT_EQ(u32(d, 64), bild.size());  // stated length before the stream
             }
             BoxLeser leser;
             ASSERT_TRUE(leser.leseBytes(d));
@@ -167,10 +156,7 @@ TEST(BoxDatei, CoverTypenUndUnbekannteEndung) {
     ExportQuelle q(*k.db, k.ordner);
     BoxListe b = k.db->getBox(box);
     BoxSchreiber s(q);
-    std::string d;
-    ASSERT_TRUE(s.baue(*b, d));
-    EXPECT_EQ(d[54] & 0x47, 0);  // no picture: type 0, not packed, offset 64
-    EXPECT_EQ(u32(d, 60), 64u);
+    std::string d;  // no picture: KleinsteBoxByteFuerByte
     const std::pair<const char*, int> typen[] = {{".BMP", 0}, {".jpg", 1}, {".Gif", 2}};
     for (const auto& [endung, typ] : typen) {
         schreibeDatei(stamm + endung, "PIC");
@@ -204,10 +190,9 @@ TEST(BoxDatei, LangeTexteWerdenGekappt) {
     k.db->schreibeInhalt(film, std::string(70000, 'i'));
     BoxLeser leser;
     ASSERT_TRUE(leser.leseBytes(baue(k, box, SchreibOptionen{})));
-    for (const auto& [t, text] : eintraege(leser.daten()))
-        if (t == 0x60) {
-            EXPECT_EQ(text.size(), 65535u);
-        }
+    const auto inhalt = texteVon(eintraege(leser.daten()), 0x60);
+    ASSERT_EQ(inhalt.size(), 1u);
+    EXPECT_EQ(inhalt[0].size(), 65535u);
 }
 
 // ---- The reader on damaged and foreign files ------------------------------------
@@ -247,9 +232,9 @@ TEST(BoxDateiBeschaedigt, LaengenUeberDasEndeHinaus) {
     EXPECT_FALSE(leser.leseBytes(boxDatei(std::string("\x81\x03\x01\x02\x03\x80\x01\x00", 8))));
     // Data offset beyond the file, and below the picture offset.
     std::string d = kleineDatei(false);
-    box::schreibeU32(reinterpret_cast<unsigned char*>(d.data() + 60), static_cast<std::uint32_t>(d.size() + 1));
+    setzeU32(d, 60, static_cast<std::uint32_t>(d.size() + 1));
     EXPECT_FALSE(leser.leseBytes(d));
-    box::schreibeU32(reinterpret_cast<unsigned char*>(d.data() + 60), 10);
+    setzeU32(d, 60, 10);
     EXPECT_FALSE(leser.leseBytes(d));
     // Wrong magic.
     d = kleineDatei(false);
@@ -263,12 +248,12 @@ TEST(BoxDateiBeschaedigt, GepackteLaengeVonVierGigabyte) {
     c.zahl(0x81, 0, 2).text(0x11, "1").ende();
     std::string d = boxDatei(c.daten, "", 0, false, true);
     for (std::uint32_t laenge : {0xFFFFFFFFu, box::kDatenMax + 1, 100000u}) {
-        box::schreibeU32(reinterpret_cast<unsigned char*>(d.data() + 64), laenge);
+        setzeU32(d, 64, laenge);
         EXPECT_FALSE(leser.leseBytes(d)) << laenge;
     }
     // The same for the picture: the file is still read, without picture.
     std::string m = boxDatei(c.daten, std::string(300, 'p'), 0, true, false);
-    box::schreibeU32(reinterpret_cast<unsigned char*>(m.data() + 64), 0xFFFFFFFFu);
+    setzeU32(m, 64, 0xFFFFFFFFu);
     ASSERT_TRUE(leser.leseBytes(m));
     EXPECT_TRUE(leser.bildGepackt());
     std::string blk;

@@ -5,11 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "interchange/Austausch.h"
-#include "interchange/BoxImport.h"
-#include "platform/Zeit.h"
 #include "tests/interchange/Austauschtest.h"
-#include "tests/support/FakeBenutzer.h"
 #include "tests/support/FehlerDateisystem.h"
 
 using namespace dv;
@@ -17,17 +13,22 @@ using namespace dv::test;
 
 namespace {
 
-
-// Exports a box of k into a file and returns its path.
-std::string exportiere(Katalogumgebung& k, long box, SchreibOptionen o, const std::string& ordner) {
-    BoxListe b = k.db->getBox(box);
-    k.db->ladeBox(*b);
-    ExportQuelle q(*k.db, k.ordner);
-    BoxSchreiber s(q);
-    s.optionen = o;
-    EXPECT_TRUE(s.schreibe(*b, ordner));
-    return BoxSchreiber::zielPfad(*b, ordner);
-}
+// A catalogue holding the sample box, exported on demand into a folder of its own.
+struct Quelle : Austauschumgebung {
+    long box = legeBeispielBoxAn(*db, ordner);
+    TempOrdner ziel;
+    // Writes the box file and returns its path.
+    std::string exportiere(SchreibOptionen o) {
+        BoxListe b = db->getBox(box);
+        db->ladeBox(*b);
+        ExportQuelle q(*db, ordner);
+        BoxSchreiber s(q);
+        s.optionen = o;
+        EXPECT_TRUE(s.schreibe(*b, ziel.pfad()));
+        return BoxSchreiber::zielPfad(*b, ziel.pfad());
+    }
+    std::string dump(bool mitTags = true) { return beschreibeBox(*db, ordner, box, mitTags); }
+};
 
 bool enthaelt(const std::vector<std::string>& zeilen, const std::string& z) {
     return std::find(zeilen.begin(), zeilen.end(), z) != zeilen.end();
@@ -43,44 +44,30 @@ std::string tabellen(const Katalogumgebung& k) {
 
 }  // namespace
 
+// Every packing with each cover type; the last case leaves the tags out.
 TEST(BoxImport, RundreiseMitCoverUndAllenPackarten) {
-    Katalogumgebung a;
-    const long box = legeBeispielBoxAn(*a.db, a.ordner);
-    TempOrdner ziel;
+    Quelle a;
     const char* endungen[] = {"", "bmp", "jpg", "gif"};
-    for (int fall = 0; fall < 8; ++fall) {
+    for (int fall = 0; fall < 9; ++fall) {
+        SCOPED_TRACE(fall);
         const std::string endung = endungen[fall % 4];
-        for (const char* e : {"bmp", "jpg", "gif"}) std::remove((a.ordner.cover + std::to_string(box) + "." + e).c_str());
-        if (!endung.empty())
-            schreibeDatei(a.ordner.cover + std::to_string(box) + "." + endung, std::string(3000, 'c') + endung);
-        const SchreibOptionen o{true, fall % 2 == 0, fall < 4};
-        const std::string pfad = exportiere(a, box, o, ziel.pfad());
+        const bool tags = fall < 8;
+        const std::string stamm = a.ordner.cover + std::to_string(a.box) + ".";
+        for (const char* e : {"bmp", "jpg", "gif"}) std::remove((stamm + e).c_str());
+        if (!endung.empty()) schreibeDatei(stamm + endung, std::string(3000, 'c') + endung);
+        const std::string pfad = a.exportiere(SchreibOptionen{tags, fall % 2 == 0, fall < 4 || !tags});
 
-        Katalogumgebung b;
-        FakeBenutzer nutzer;
-        BoxImport imp(*b.db, b.ordner, nutzer);
-        ASSERT_EQ(imp.importiere(pfad), ImportErgebnis::Importiert) << fall;
-        EXPECT_EQ(beschreibeBox(*b.db, b.ordner, imp.neueBoxId()), beschreibeBox(*a.db, a.ordner, box)) << fall;
-        EXPECT_TRUE(nutzer.objektDialoge.empty());
-        EXPECT_TRUE(nutzer.meldungen.empty());
+        Austauschumgebung b;
+        ASSERT_EQ(b.imp.importiere(pfad), ImportErgebnis::Importiert);
+        EXPECT_EQ(beschreibeBox(*b.db, b.ordner, b.imp.neueBoxId(), tags), a.dump(tags));
+        EXPECT_TRUE(b.nutzer.objektDialoge.empty());
+        EXPECT_TRUE(b.nutzer.meldungen.empty());
+        EXPECT_TRUE(tags || std::filesystem::is_empty(b.ordner.tags));
     }
 }
 
-TEST(BoxImport, OhneTagsKommenKeineTagsMit) {
-    Katalogumgebung a;
-    const long box = legeBeispielBoxAn(*a.db, a.ordner);
-    TempOrdner ziel;
-    const std::string pfad = exportiere(a, box, SchreibOptionen{false, true, true}, ziel.pfad());
-    Katalogumgebung b;
-    FakeBenutzer nutzer;
-    BoxImport imp(*b.db, b.ordner, nutzer);
-    ASSERT_EQ(imp.importiere(pfad), ImportErgebnis::Importiert);
-    EXPECT_EQ(beschreibeBox(*b.db, b.ordner, imp.neueBoxId(), false), beschreibeBox(*a.db, a.ordner, box, false));
-    EXPECT_TRUE(std::filesystem::is_empty(b.ordner.tags));
-}
-
 TEST(BoxImport, EigeneKodierungMitJederEintragsart) {
-    FesteUhr uhr({9, 10, 2024, 11, 12, 13});
+    FesteUhr uhr(9, 10, 2024, 11, 12, 13);
     Kodierer c;
     c.zahl(0x81, 1, 2).text(0x10, "Kodiert").text(0x11, "5555").text(0x12, "Steelbook");
     c.text(0x13, "Schuber").lang(0x14, "a\r\nb");
@@ -102,11 +89,8 @@ TEST(BoxImport, EigeneKodierungMitJederEintragsart) {
     c.text(0x7f, "unbekannter Token");
     c.ende();
     c.text(0x10, "nach dem Ende");
-    Katalogumgebung k;
-    schreibeDatei(k.basis / "k.box", boxDatei(c.daten, "GIFDATA", 2, false, false));
-    FakeBenutzer nutzer;
-    BoxImport imp(*k.db, k.ordner, nutzer);
-    ASSERT_EQ(imp.importiere(k.basis / "k.box"), ImportErgebnis::Importiert);
+    Austauschumgebung k;
+    ASSERT_EQ(k.importiere("k.box", boxDatei(c.daten, "GIFDATA", 2, false, false)), ImportErgebnis::Importiert);
     const std::string erwartet =
         "Box|5555|Kodiert|Steelbook\nExtras|Schuber;\nTags|a;b;\nCover|gif|7|" +
         std::to_string(std::hash<std::string>()("GIFDATA")) +
@@ -116,7 +100,7 @@ TEST(BoxImport, EigeneKodierungMitJederEintragsart) {
         "  Funktionen|Regie;Musik;\n  Person|Leone|Sergio|2|Regie|Il Regista;\n"
         "  Person|Morricone|Ennio|0|Musik|Maestro;EM;\n  Inhalt|" + std::string(300, 'I') +
         "\n  Kommentar|Kommentar\n  Tags|filmtag;\n";
-    EXPECT_EQ(beschreibeBox(*k.db, k.ordner, imp.neueBoxId()), erwartet);
+    EXPECT_EQ(beschreibeBox(*k.db, k.ordner, k.imp.neueBoxId()), erwartet);
 
     const auto p = zeilenVon(k.ordner.meldungen + "import_5555.log");
     ASSERT_GE(p.size(), 8u);
@@ -125,37 +109,29 @@ TEST(BoxImport, EigeneKodierungMitJederEintragsart) {
                                         "Titel       : Kodiert", "EAN         : 5555",
                                         "Export-Datum: 05.04.2023", "Export-Zeit : 06:07:08",
                                         "Anzahl DVDs : 1"}));
-    EXPECT_TRUE(enthaelt(p, "Neu / Verpackung <Steelbook>"));
-    EXPECT_TRUE(enthaelt(p, "Neu / Extra <Trailer>"));
-    EXPECT_TRUE(enthaelt(p, "Alt / Funktion <Regie>"));
-    EXPECT_TRUE(enthaelt(p, "Neu / Person <Morricone, Ennio (0)>"));
-    EXPECT_TRUE(enthaelt(p, "Bild speichern."));
+    for (const char* z : {"Neu / Verpackung <Steelbook>", "Neu / Extra <Trailer>", "Alt / Funktion <Regie>",
+                          "Neu / Person <Morricone, Ennio (0)>", "Bild speichern."})
+        EXPECT_TRUE(enthaelt(p, z)) << z;
 }
 
 TEST(BoxImport, NamenOhneRuecksichtAufGrossKlein) {
-    Katalogumgebung a;
-    const long box = legeBeispielBoxAn(*a.db, a.ordner);
-    TempOrdner ziel;
-    const std::string pfad = exportiere(a, box, SchreibOptionen{}, ziel.pfad());
-    Katalogumgebung b;
+    Quelle a;
+    Austauschumgebung b;
     b.db->neuesLookup(kTypGenre, "FANTASY");
     b.db->neuesLookup(kTypVerpackung, "amaray");
     b.db->katalog().Person.insert(0, "WOOD", "elijah");
     b.db->katalog().Person.insert(1, "Wood", "Elijah");  // another instance: no match
-    FakeBenutzer nutzer;
-    BoxImport imp(*b.db, b.ordner, nutzer);
-    ASSERT_EQ(imp.importiere(pfad), ImportErgebnis::Importiert);
+    ASSERT_EQ(b.imp.importiere(a.exportiere(SchreibOptionen{})), ImportErgebnis::Importiert);
     EXPECT_EQ(b.anzahlLookups(kTypVerpackung), 1);
     EXPECT_EQ(b.anzahlLookups(kTypGenre), 2);  // FANTASY and Abenteuer
     EXPECT_EQ(b.anzahlPersonen(), 3);          // Jackson is new
-    const std::string dump = beschreibeBox(*b.db, b.ordner, imp.neueBoxId());
+    const std::string dump = beschreibeBox(*b.db, b.ordner, b.imp.neueBoxId());
     EXPECT_NE(dump.find("Genres|FANTASY;Abenteuer;"), std::string::npos) << dump;
     EXPECT_NE(dump.find("Person|WOOD|elijah|0|Darsteller|Frodo;Herr Beutlin;"), std::string::npos) << dump;
-    const auto p = zeilenVon(imp.protokollPfad());
-    EXPECT_TRUE(enthaelt(p, "Alt / Genre <Fantasy>"));
-    EXPECT_TRUE(enthaelt(p, "Alt / Verpackung <Amaray>"));
-    EXPECT_TRUE(enthaelt(p, "Alt / Person <Wood, Elijah (0)>"));
-    EXPECT_TRUE(enthaelt(p, "Neu / Person <Jackson, Peter (1)>"));
+    const auto p = zeilenVon(b.imp.protokollPfad());
+    for (const char* z : {"Alt / Genre <Fantasy>", "Alt / Verpackung <Amaray>", "Alt / Person <Wood, Elijah (0)>",
+                          "Neu / Person <Jackson, Peter (1)>"})
+        EXPECT_TRUE(enthaelt(p, z)) << z;
 }
 
 TEST(BoxImport, LeereNamenErgebenKeineVerknuepfung) {
@@ -163,38 +139,31 @@ TEST(BoxImport, LeereNamenErgebenKeineVerknuepfung) {
     c.zahl(0x81, 1, 2).text(0x10, "Leer").text(0x11, "1").text(0x12, "").text(0x13, "");
     c.zahl(0x83, 1, 2).text(0x36, "").zahl(0x85, 0, 1).text(0x57, "").text(0x59, "").text(0x5a, "DTS");
     c.text(0x5b, "1#1").text(0x5c, "").text(0x5d, "\t\t0").text(0x5e, "1#1").ende();
-    Katalogumgebung k;
-    schreibeDatei(k.basis / "l.box", boxDatei(c.daten));
-    FakeBenutzer nutzer;
-    nutzer.objektAntworten.push_back(ObjektAntwort{ObjektTaste::OK, {}, -1});
-    BoxImport imp(*k.db, k.ordner, nutzer);
-    imp.optionen.objekteBestaetigen = true;
-    ASSERT_EQ(imp.importiere(k.basis / "l.box"), ImportErgebnis::Importiert);
+    Austauschumgebung k;
+    k.nutzer.objektAntworten.push_back(ObjektAntwort{ObjektTaste::OK, {}, -1});
+    k.imp.optionen.objekteBestaetigen = true;
+    ASSERT_EQ(k.importiere("l.box", boxDatei(c.daten)), ImportErgebnis::Importiert);
     for (int typ : {kTypVerpackung, kTypExtras, kTypFormat, kTypGenre, kTypSprache})
         EXPECT_EQ(k.anzahlLookups(typ), 0) << typ;
     EXPECT_EQ(k.anzahlPersonen(), 0);
-    ASSERT_EQ(nutzer.objektDialoge.size(), 1u);  // only "DTS" is unknown and named
-    EXPECT_EQ(nutzer.objektDialoge[0].felder, std::vector<std::string>{"DTS"});
-    EXPECT_NE(beschreibeBox(*k.db, k.ordner, imp.neueBoxId()).find("Sprachen|\n"), std::string::npos);
+    ASSERT_EQ(k.nutzer.objektDialoge.size(), 1u);  // only "DTS" is unknown and named
+    EXPECT_EQ(k.nutzer.objektDialoge[0].felder, std::vector<std::string>{"DTS"});
+    EXPECT_NE(beschreibeBox(*k.db, k.ordner, k.imp.neueBoxId()).find("Sprachen|\n"), std::string::npos);
 }
 
 TEST(BoxImport, DoppelteEanMitUndOhneMeldung) {
-    Katalogumgebung k;
-    const long box = legeBeispielBoxAn(*k.db, k.ordner);
-    TempOrdner ziel;
-    const std::string pfad = exportiere(k, box, SchreibOptionen{}, ziel.pfad());
+    Quelle k;
+    const std::string pfad = k.exportiere(SchreibOptionen{});
     const std::string vorher = tabellen(k);
-    FakeBenutzer nutzer;
-    BoxImport imp(*k.db, k.ordner, nutzer);
-    EXPECT_EQ(imp.importiere(pfad), ImportErgebnis::Doppelt);
-    ASSERT_EQ(nutzer.meldungen.size(), 1u);
-    EXPECT_EQ(nutzer.meldungen[0].titel, "Import-Fehler");
-    EXPECT_EQ(nutzer.meldungen[0].text,
+    EXPECT_EQ(k.imp.importiere(pfad), ImportErgebnis::Doppelt);
+    ASSERT_EQ(k.nutzer.meldungen.size(), 1u);
+    EXPECT_EQ(k.nutzer.meldungen[0].titel, "Import-Fehler");
+    EXPECT_EQ(k.nutzer.meldungen[0].text,
               "Eine Box mit dieser EAN [4010232012345]\nexistiert bereits im System.\n"
               "{\"Der Herr der Ringe & <Gefährten>\"}");
-    imp.optionen.doppelteStill = true;
-    EXPECT_EQ(imp.importiere(pfad), ImportErgebnis::Doppelt);
-    EXPECT_EQ(nutzer.meldungen.size(), 1u);
+    k.imp.optionen.doppelteStill = true;
+    EXPECT_EQ(k.imp.importiere(pfad), ImportErgebnis::Doppelt);
+    EXPECT_EQ(k.nutzer.meldungen.size(), 1u);
     EXPECT_EQ(tabellen(k), vorher);
     EXPECT_FALSE(gibtEs(k.ordner.meldungen + "import_4010232012345.log"));
 }
@@ -202,81 +171,63 @@ TEST(BoxImport, DoppelteEanMitUndOhneMeldung) {
 TEST(BoxImport, BoxBestaetigenNeinAendertNichts) {
     Kodierer c;
     c.zahl(0x81, 3, 2).text(0x10, "Frage").text(0x11, "77").text(0x12, "Neu").ende();
-    Katalogumgebung k;
-    schreibeDatei(k.basis / "f.box", boxDatei(c.daten));
-    FakeBenutzer nutzer;
-    BoxImport imp(*k.db, k.ordner, nutzer);
-    imp.optionen.boxBestaetigen = true;
-    EXPECT_EQ(imp.importiere(k.basis / "f.box"), ImportErgebnis::Abgelehnt);
-    ASSERT_EQ(nutzer.fragen.size(), 1u);
-    EXPECT_EQ(nutzer.fragen[0].titel, "Box importieren ?");
-    EXPECT_EQ(nutzer.fragen[0].text, "Soll die folgende Box importiert werden:\n{\"Frage\"}\nAnzahl DVDs: 3\nEAN: 77\n");
+    Austauschumgebung k;
+    k.imp.optionen.boxBestaetigen = true;
+    EXPECT_EQ(k.importiere("f.box", boxDatei(c.daten)), ImportErgebnis::Abgelehnt);
+    ASSERT_EQ(k.nutzer.fragen.size(), 1u);
+    EXPECT_EQ(k.nutzer.fragen[0].titel, "Box importieren ?");
+    EXPECT_EQ(k.nutzer.fragen[0].text, "Soll die folgende Box importiert werden:\n{\"Frage\"}\nAnzahl DVDs: 3\nEAN: 77\n");
     EXPECT_EQ(k.anzahlBoxen(), 0);
     EXPECT_EQ(k.anzahlLookups(kTypVerpackung), 0);
     EXPECT_FALSE(gibtEs(k.ordner.meldungen + "import_77.log"));
-    nutzer.antworten.push_back(true);
-    EXPECT_EQ(imp.importiere(k.basis / "f.box"), ImportErgebnis::Importiert);
+    k.nutzer.antworten.push_back(true);
+    EXPECT_EQ(k.imp.importiere(k.basis / "f.box"), ImportErgebnis::Importiert);
     EXPECT_EQ(k.anzahlBoxen(), 1);  // a box without DVDs: only the box
 }
 
 TEST(BoxImport, ProtokollBleibtImMeldungsordner) {
     Kodierer c;
     c.zahl(0x81, 0, 2).text(0x10, "Pfad").text(0x11, "../../\x01x/y*").ende();
-    Katalogumgebung k;
-    schreibeDatei(k.basis / "p.box", boxDatei(c.daten));
-    FakeBenutzer nutzer;
-    BoxImport imp(*k.db, k.ordner, nutzer);
-    ASSERT_EQ(imp.importiere(k.basis / "p.box"), ImportErgebnis::Importiert);
-    EXPECT_EQ(imp.protokollPfad(), k.ordner.meldungen + "import________x_y_.log");
-    EXPECT_TRUE(gibtEs(imp.protokollPfad()));
+    Austauschumgebung k;
+    ASSERT_EQ(k.importiere("p.box", boxDatei(c.daten)), ImportErgebnis::Importiert);
+    EXPECT_EQ(k.imp.protokollPfad(), k.ordner.meldungen + "import________x_y_.log");
+    EXPECT_TRUE(gibtEs(k.imp.protokollPfad()));
     // An older protocol of the same name is replaced, not continued.
-    k.db->loescheBox(imp.neueBoxId());
-    ASSERT_EQ(imp.importiere(k.basis / "p.box"), ImportErgebnis::Importiert);
-    const auto zeilen = zeilenVon(imp.protokollPfad());
+    k.db->loescheBox(k.imp.neueBoxId());
+    ASSERT_EQ(k.imp.importiere(k.basis / "p.box"), ImportErgebnis::Importiert);
+    const auto zeilen = zeilenVon(k.imp.protokollPfad());
     EXPECT_EQ(std::count(zeilen.begin(), zeilen.end(), std::string("Import-Infos:")), 1);
 }
 
 TEST(BoxImport, BeschaedigteDateienLassenDenKatalogUnberuehrt) {
-    Katalogumgebung a;
-    const long box = legeBeispielBoxAn(*a.db, a.ordner);
-    TempOrdner ziel;
-    const std::string gut = leseDatei(exportiere(a, box, SchreibOptionen{true, false, false}, ziel.pfad()));
-    Katalogumgebung b;
+    Quelle a;
+    const std::string gut = leseDatei(a.exportiere(SchreibOptionen{true, false, false}));
+    Austauschumgebung b;
     const std::string vorher = tabellen(b);
-    FakeBenutzer nutzer;
-    BoxImport imp(*b.db, b.ordner, nutzer);
-    for (std::size_t n = 0; n < gut.size(); n += 7) {
-        schreibeDatei(b.basis / "t.box", gut.substr(0, n));
-        EXPECT_EQ(imp.importiere(b.basis / "t.box"), ImportErgebnis::KeineBoxDatei) << n;
-    }
-    EXPECT_EQ(imp.importiere(b.basis / "fehlt.box"), ImportErgebnis::KeineBoxDatei);
+    for (std::size_t n = 0; n < gut.size(); n += 7)
+        EXPECT_EQ(b.importiere("t.box", gut.substr(0, n)), ImportErgebnis::KeineBoxDatei) << n;
+    EXPECT_EQ(b.imp.importiere(b.basis / "fehlt.box"), ImportErgebnis::KeineBoxDatei);
     EXPECT_EQ(tabellen(b), vorher);
     EXPECT_TRUE(std::filesystem::is_empty(b.ordner.meldungen));
-    EXPECT_TRUE(nutzer.meldungen.empty());
+    EXPECT_TRUE(b.nutzer.meldungen.empty());
 }
 
 TEST(BoxImport, SchreibfehlerNimmtDieHalbeBoxZurueck) {
-    Katalogumgebung a;
-    const long box = legeBeispielBoxAn(*a.db, a.ordner);
-    TempOrdner ziel;
-    const std::string pfad = exportiere(a, box, SchreibOptionen{true, true, true}, ziel.pfad());
+    Quelle a;
+    const std::string pfad = a.exportiere(SchreibOptionen{true, true, true});
     FehlerDateisystem fs;
-    Katalogumgebung b(fs);
+    Austauschumgebung b(fs);
     fs.sperre = "Film_Person";
-    FakeBenutzer nutzer;
-    BoxImport imp(*b.db, b.ordner, nutzer);
-    EXPECT_EQ(imp.importiere(pfad), ImportErgebnis::Fehler);
+    EXPECT_EQ(b.imp.importiere(pfad), ImportErgebnis::Fehler);
     fs.sperre.clear();
-    EXPECT_EQ(b.anzahlBoxen(), 0);
     long boxen = 0, dvds = 0, filme = 0;
     b.db->anzahl(boxen, dvds, filme);
-    EXPECT_EQ(dvds, 0);
-    EXPECT_EQ(filme, 0);
+    EXPECT_EQ(b.anzahlBoxen() + dvds + filme, 0);
     for (const char* e : {"bmp", "jpg", "gif"}) EXPECT_FALSE(gibtEs(b.ordner.cover + "1." + e));
     EXPECT_TRUE(std::filesystem::is_empty(b.ordner.tags));
     // The lookups resolved before stay; a second try imports the box.
-    EXPECT_EQ(imp.importiere(pfad), ImportErgebnis::Importiert);
-    EXPECT_EQ(beschreibeBox(*b.db, b.ordner, imp.neueBoxId()), beschreibeBox(*a.db, a.ordner, box));
+    EXPECT_EQ(b.imp.importiere(pfad), ImportErgebnis::Importiert);
+    EXPECT_EQ(beschreibeBox(*b.db, b.ordner, b.imp.neueBoxId()), a.dump());
 }
 
 TEST(BoxImport, UnlesbaresGepacktesBildWirdWeggelassen) {
@@ -284,31 +235,24 @@ TEST(BoxImport, UnlesbaresGepacktesBildWirdWeggelassen) {
     c.zahl(0x81, 0, 2).text(0x10, "Bild").text(0x11, "8").ende();
     std::string d = boxDatei(c.daten, std::string(200, 'b'), 1, true, false);
     d[70] = static_cast<char>(d[70] ^ 0x33);  // inside the zlib stream
-    Katalogumgebung k;
-    schreibeDatei(k.basis / "b.box", d);
-    FakeBenutzer nutzer;
-    BoxImport imp(*k.db, k.ordner, nutzer);
-    ASSERT_EQ(imp.importiere(k.basis / "b.box"), ImportErgebnis::Importiert);
+    Austauschumgebung k;
+    ASSERT_EQ(k.importiere("b.box", d), ImportErgebnis::Importiert);
     EXPECT_TRUE(std::filesystem::is_empty(k.ordner.cover));
 }
 
 TEST(BoxImport, AustauschExportiertEinzelneBox) {
-    Katalogumgebung k;
-    const long box = legeBeispielBoxAn(*k.db, k.ordner);
+    Quelle k;
+    Austausch& a = k.austausch;
     const long ohneEan = k.db->neueBox("", "Ohne", 0);
-    FakeBenutzer nutzer;
-    Einstellungen e(k.basis / "einstellungen.conf");
-    Austausch a(*k.db, k.ordner, nutzer, e);
-    TempOrdner ziel;
     std::string pfad;
-    EXPECT_EQ(a.exportiere(box, ziel.pfad(), SchreibOptionen{}, &pfad), ExportErgebnis::Exportiert);
-    EXPECT_EQ(pfad, ziel / "4010232012345.box");
-    EXPECT_EQ(a.exportiere(box, ziel.pfad(), SchreibOptionen{}), ExportErgebnis::NichtUeberschrieben);
-    ASSERT_EQ(nutzer.fragen.size(), 1u);
-    EXPECT_EQ(nutzer.fragen[0].text, "Die Exportdatei existiert bereits.\nÜberschreiben?");
-    nutzer.antworten.push_back(true);
-    EXPECT_EQ(a.exportiere(box, ziel.pfad(), SchreibOptionen{}), ExportErgebnis::Exportiert);
-    EXPECT_EQ(a.exportiere(ohneEan, ziel.pfad(), SchreibOptionen{}), ExportErgebnis::KeineEan);
-    EXPECT_EQ(nutzer.meldungen.back().text, "Diese Box besitzt keine EAN.");
-    EXPECT_EQ(a.exportiere(999, ziel.pfad(), SchreibOptionen{}), ExportErgebnis::Unbekannt);
+    EXPECT_EQ(a.exportiere(k.box, k.ziel.pfad(), SchreibOptionen{}, &pfad), ExportErgebnis::Exportiert);
+    EXPECT_EQ(pfad, k.ziel / "4010232012345.box");
+    EXPECT_EQ(a.exportiere(k.box, k.ziel.pfad(), SchreibOptionen{}), ExportErgebnis::NichtUeberschrieben);
+    ASSERT_EQ(k.nutzer.fragen.size(), 1u);
+    EXPECT_EQ(k.nutzer.fragen[0].text, "Die Exportdatei existiert bereits.\nÜberschreiben?");
+    k.nutzer.antworten.push_back(true);
+    EXPECT_EQ(a.exportiere(k.box, k.ziel.pfad(), SchreibOptionen{}), ExportErgebnis::Exportiert);
+    EXPECT_EQ(a.exportiere(ohneEan, k.ziel.pfad(), SchreibOptionen{}), ExportErgebnis::KeineEan);
+    EXPECT_EQ(k.nutzer.meldungen.back().text, "Diese Box besitzt keine EAN.");
+    EXPECT_EQ(a.exportiere(999, k.ziel.pfad(), SchreibOptionen{}), ExportErgebnis::Unbekannt);
 }

@@ -45,7 +45,7 @@ std::string dvd(const DvdElement& d) {
     return o.str();
 }
 
-std::string box(const BoxElement& b) {
+std::string boxText(const BoxElement& b) {
     std::string s = "Box " + std::to_string(b.Id) + " [" + b.cpText + "] X " + objekte(b.pExtras) + "\n";
     for (const DvdElement* d = b.pDvds; d; d = d->pNext) s += dvd(*d);
     return s;
@@ -75,7 +75,7 @@ TEST(EinzelLader, GleicheListenWieDieDomaene) {
     ExportQuelle q(*u.db, u.ordner);
     BoxListe einzeln = ladeBoxGanz(*u.db, id, &q);
     ASSERT_TRUE(einzeln);
-    EXPECT_EQ(box(*einzeln), box(*domaene));
+    EXPECT_EQ(boxText(*einzeln), boxText(*domaene));
     // The titles handed over serve the export without another pass.
     for (const FilmElement* f = einzeln->pDvds->pFilme; f; f = f->pNext) {
         const FilmTitel t = q.titel(*f);

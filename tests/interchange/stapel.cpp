@@ -4,9 +4,7 @@
 #include <filesystem>
 #include <map>
 
-#include "interchange/Austausch.h"
 #include "tests/interchange/Austauschtest.h"
-#include "tests/support/FakeBenutzer.h"
 #include "tests/support/FehlerDateisystem.h"
 
 using namespace dv;
@@ -39,63 +37,51 @@ std::vector<std::string> dateienIn(const std::string& ordner) {
 }  // namespace
 
 TEST(StapelExport, FortschrittDateienUndNichtExportierte) {
-    Katalogumgebung k;
-    k.db->neueBox("111", "Abcdefghijklmnopqrstuvwxy", 0);          // 25 characters
-    const long lang = k.db->neueBox("222", "Bbcdefghijklmnopqrstuvwxyz", 0);  // 26
+    Austauschumgebung k;
+    k.db->neueBox("111", "Abcdefghijklmnopqrstuvwxy", 0);    // 25 characters
+    k.db->neueBox("222", "Bbcdefghijklmnopqrstuvwxyz", 0);   // 26
     const long kaputt = k.db->neueBox("333", "Cover kaputt", 0);
-    (void)lang;
     schreibeDatei(k.ordner.cover + std::to_string(kaputt) + ".tif", "TIF");
-    FakeBenutzer nutzer;
-    Einstellungen e(k.basis / "e.conf");
-    Austausch a(*k.db, k.ordner, nutzer, e);
     TempOrdner ziel;
-    const StapelExportErgebnis r = a.exportiereAlle(ziel.pfad(), false);
+    const StapelExportErgebnis r = k.austausch.exportiereAlle(ziel.pfad(), false);
     EXPECT_EQ(r.gesamt, 3);
     EXPECT_EQ(r.exportiert, 2);
-    EXPECT_EQ(nutzer.fortschritte,
+    EXPECT_EQ(k.nutzer.fortschritte,
               (std::vector<std::string>{
                   "Exportiere Box 1 von 3\r\n111.box\r\n{Abcdefghijklmnopqrstuvwxy}\r\nNicht exportierte Boxen: 0",
                   "Exportiere Box 2 von 3\r\n222.box\r\n{Bbcdefghijklmnopqrstuvwxy...}\r\nNicht exportierte Boxen: 0",
                   "Exportiere Box 3 von 3\r\n333.box\r\n{Cover kaputt}\r\nNicht exportierte Boxen: 0"}));
-    EXPECT_EQ(nutzer.texte, std::vector<std::string>{"\"Cover kaputt\"\r\n"});
+    EXPECT_EQ(k.nutzer.texte, std::vector<std::string>{"\"Cover kaputt\"\r\n"});
     EXPECT_EQ(dateienIn(ziel.pfad()), (std::vector<std::string>{"111.box", "222.box"}));
-    EXPECT_EQ(a.letzterExportOrdner(), ziel.pfad());
+    EXPECT_EQ(k.austausch.letzterExportOrdner(), ziel.pfad());
     EXPECT_EQ(exportFortschritt(1, 1, "9", "x", 4), "Exportiere Box 1 von 1\r\n9.box\r\n{x}\r\nNicht exportierte Boxen: 4");
 }
 
 TEST(StapelExport, SchreibfehlerWerdenGezaehltUndDieRundeLaeuftWeiter) {
     FehlerDateisystem fs;
-    Katalogumgebung k(fs);
-    k.db->neueBox("1", "Eins", 0);
-    k.db->neueBox("2", "Zwei", 0);
-    k.db->neueBox("3", "Drei", 0);
-    FakeBenutzer nutzer;
-    Einstellungen e(k.basis / "e.conf");
-    Austausch a(*k.db, k.ordner, nutzer, e);
+    Austauschumgebung k(fs);
+    const char* titel[] = {"Eins", "Zwei", "Drei"};
+    for (int i = 0; i < 3; ++i) k.db->neueBox(std::to_string(i + 1), titel[i], 0);
     TempOrdner ziel;
     fs.sperre = ziel / "2.box";
-    const StapelExportErgebnis r = a.exportiereAlle(ziel.pfad(), false);
+    const StapelExportErgebnis r = k.austausch.exportiereAlle(ziel.pfad(), false);
     EXPECT_EQ(r.exportiert, 2);
     EXPECT_EQ(r.nichtExportiert, std::vector<std::string>{"Zwei"});
     EXPECT_EQ(dateienIn(ziel.pfad()), (std::vector<std::string>{"1.box", "3.box"}));
     // A folder that does not exist: every box is listed, nothing is written.
-    nutzer.texte.clear();
-    const StapelExportErgebnis leer = a.exportiereAlle(ziel / "fehlt/", false);
-    EXPECT_EQ(leer.exportiert, 0);
-    EXPECT_EQ(nutzer.texte, std::vector<std::string>{"\"Drei\"\r\n\"Eins\"\r\n\"Zwei\"\r\n"});
+    k.nutzer.texte.clear();
+    EXPECT_EQ(k.austausch.exportiereAlle(ziel / "fehlt/", false).exportiert, 0);
+    EXPECT_EQ(k.nutzer.texte, std::vector<std::string>{"\"Drei\"\r\n\"Eins\"\r\n\"Zwei\"\r\n"});
 }
 
 TEST(StapelExport, LiestJedeTabelleNurBegrenztOft) {
     auto oeffnungen = [](int boxen) {
         ZaehlendesDateisystem fs;
-        Katalogumgebung k(fs);
+        Austauschumgebung k(fs);
         for (int i = 0; i < boxen; ++i) legeBeispielBoxAn(*k.db, k.ordner, std::to_string(1000 + i));
-        FakeBenutzer nutzer;
-        Einstellungen e(k.basis / "e.conf");
-        Austausch a(*k.db, k.ordner, nutzer, e);
         TempOrdner ziel;
         fs.oeffnungen.clear();
-        EXPECT_EQ(a.exportiereAlle(ziel.pfad(), true).exportiert, boxen);
+        EXPECT_EQ(k.austausch.exportiereAlle(ziel.pfad(), true).exportiert, boxen);
         return fs.hoechste();
     };
     const int zwei = oeffnungen(2);
@@ -105,23 +91,19 @@ TEST(StapelExport, LiestJedeTabelleNurBegrenztOft) {
 
 namespace {
 
-struct StapelFall {
+struct StapelFall : Austauschumgebung {
     StapelFall() {
         for (const char* ean : {"10", "20", "30"}) {
             Kodierer c;
             c.zahl(0x81, 0, 2).text(0x10, std::string("Box ") + ean).text(0x11, ean).ende();
-            pfade.push_back(k.basis / (std::string(ean) + ".box"));
+            pfade.push_back(basis / (std::string(ean) + ".box"));
             schreibeDatei(pfade.back(), boxDatei(c.daten));
         }
         schreibeDatei(pfade[1], "kaputt");
     }
     std::vector<StapelImportEintrag> los(bool mitInfo) {
-        Einstellungen e(k.basis / "e.conf");
-        Austausch a(*k.db, k.ordner, nutzer, e);
-        return a.stapelImport(pfade, mitInfo, ImportOptionen{});
+        return austausch.stapelImport(pfade, mitInfo, ImportOptionen{});
     }
-    Katalogumgebung k;
-    FakeBenutzer nutzer;
     std::vector<std::string> pfade;
 };
 
@@ -135,7 +117,7 @@ TEST(StapelImport, InfoAbfrageUndLoeschenDerDateien) {
     EXPECT_EQ(r[0].ergebnis, ImportErgebnis::Importiert);
     EXPECT_EQ(r[1].ergebnis, ImportErgebnis::KeineBoxDatei);
     EXPECT_TRUE(r[2].uebersprungen);
-    EXPECT_EQ(f.k.anzahlBoxen(), 1);
+    EXPECT_EQ(f.anzahlBoxen(), 1);
     for (const auto& p : f.pfade) EXPECT_FALSE(gibtEs(p)) << p;  // all consumed, whatever happened
     EXPECT_TRUE(f.nutzer.fragen.empty());
 }
@@ -149,7 +131,7 @@ TEST(StapelImport, OhneInfoUndStrgMitNein) {
     ASSERT_EQ(f.nutzer.fragen.size(), 1u);
     EXPECT_EQ(f.nutzer.fragen[0].titel, "Import abbrechen");
     EXPECT_EQ(f.nutzer.fragen[0].text, "Importierte Boxen: 1\nNoch weitere Boxen: 1\nImport wirklich abbrechen?");
-    EXPECT_EQ(f.k.anzahlBoxen(), 2);
+    EXPECT_EQ(f.anzahlBoxen(), 2);
     for (const auto& p : f.pfade) EXPECT_FALSE(gibtEs(p));
 }
 
@@ -163,7 +145,7 @@ TEST(StapelImport, StrgMitJaBehaeltDieDatei) {
     EXPECT_EQ(r[0].ergebnis, ImportErgebnis::Importiert);
     EXPECT_EQ(f.nutzer.fragen[0].text, "Importierte Boxen: 1\nNoch weitere Boxen: 2\nImport wirklich abbrechen?");
     for (const auto& p : f.pfade) EXPECT_TRUE(gibtEs(p));
-    EXPECT_EQ(f.k.anzahlBoxen(), 1);
+    EXPECT_EQ(f.anzahlBoxen(), 1);
 }
 
 TEST(StapelImport, InfoFelderAusDerVorschau) {
@@ -178,12 +160,11 @@ TEST(StapelImport, InfoFelderAusDerVorschau) {
         }
     } merker;
     StapelFall f;
-    Einstellungen e(f.k.basis / "e.conf");
-    Austausch a(*f.k.db, f.k.ordner, merker, e);
+    Austausch a(*f.db, f.ordner, merker, f.einstellungen);
     a.stapelImport({f.pfade[0]}, true, ImportOptionen{});
     ASSERT_EQ(merker.felder.size(), 1u);
     EXPECT_EQ(merker.felder[0], (std::vector<std::pair<std::string, std::string>>{
                                     {"Box-Titel:", "Box 10"}, {"EAN:", "10"}, {"Anzahl Dvds:", "0"},
                                     {"Exportiert am:", "05.04.2023 06:07:08"}}));
-    EXPECT_EQ(f.k.anzahlBoxen(), 0);
+    EXPECT_EQ(f.anzahlBoxen(), 0);
 }

@@ -3,56 +3,53 @@
 #include <gtest/gtest.h>
 
 #include "app/base/Optionen.h"
-#include "interchange/Austausch.h"
 #include "interchange/XmlExport.h"
 #include "tests/interchange/Austauschtest.h"
-#include "tests/support/FakeBenutzer.h"
 
 using namespace dv;
 using namespace dv::test;
 
 namespace {
 
-struct XmlFall {
+struct XmlFall : Austauschumgebung {
     XmlFall() {
-        Datenbank& db = *k.db;
-        box = db.neueBox("12<3>", "A&B \"Box\"", db.neuesLookup(kTypVerpackung, "Amaray"));
-        db.schreibeExtras(kTypBoxExtras, box, {db.neuesLookup(kTypExtras, "Poster")});
+        Datenbank& d = *db;
+        box = d.neueBox("12<3>", "A&B \"Box\"", d.neuesLookup(kTypVerpackung, "Amaray"));
+        d.schreibeExtras(kTypBoxExtras, box, {d.neuesLookup(kTypExtras, "Poster")});
         Zeile9 z{};
         std::snprintf(z.cpText, sizeof z.cpText, "%s", "D<1>");
         z.Jahr = 2000;
         z.RC = 2;
         z.SN = 4000000000u;
         z.BytesLow = 5;
-        z.Formate_Id = static_cast<std::int32_t>(db.neuesLookup(kTypFormat, "DVD-9"));
-        dvd = db.neueDvd(box, z);
-        db.schreibeExtras(kTypExtras, dvd, {db.neuesLookup(kTypExtras, "Trailer")});
-        film = db.neuerFilm(dvd, "F'1", 12, 90, 1999);
-        db.schreibeFilmTitel(film, FilmTitel{"F'1", "O", {}});
-        db.schreibeFilmObjekte(film, kTypGenre, {db.neuesLookup(kTypGenre, "Drama")});
-        db.schreibeFilmObjekte(film, kTypBildformat, {db.neuesLookup(kTypBildformat, "16:9")});
-        const long de = db.neuesLookup(kTypSprache, "Deutsch");
-        db.schreibeFilmObjekte(film, kTypUntertitel, {de});
-        db.schreibeFilmSprachen(film, {{de, db.neuesLookup(kTypTonformat, "DTS")}});
-        const long p = db.katalog().Person.insert(1, "Eastwood", "Clint");
-        db.schreibeFilmPersonen(film, {PersonEintrag{p, 1, {"Blondie"}}, PersonEintrag{p, 2, {}}});
-        db.schreibeInhalt(film, "Inhalt > alles");
-        db.schreibeKommentar(film, "gut");
+        z.Formate_Id = static_cast<std::int32_t>(d.neuesLookup(kTypFormat, "DVD-9"));
+        dvd = d.neueDvd(box, z);
+        d.schreibeExtras(kTypExtras, dvd, {d.neuesLookup(kTypExtras, "Trailer")});
+        film = d.neuerFilm(dvd, "F'1", 12, 90, 1999);
+        d.schreibeFilmTitel(film, FilmTitel{"F'1", "O", {}});
+        d.schreibeFilmObjekte(film, kTypGenre, {d.neuesLookup(kTypGenre, "Drama")});
+        d.schreibeFilmObjekte(film, kTypBildformat, {d.neuesLookup(kTypBildformat, "16:9")});
+        const long de = d.neuesLookup(kTypSprache, "Deutsch");
+        d.schreibeFilmObjekte(film, kTypUntertitel, {de});
+        d.schreibeFilmSprachen(film, {{de, d.neuesLookup(kTypTonformat, "DTS")}});
+        const long p = d.katalog().Person.insert(1, "Eastwood", "Clint");
+        d.schreibeFilmPersonen(film, {PersonEintrag{p, 1, {"Blondie"}}, PersonEintrag{p, 2, {}}});
+        d.schreibeInhalt(film, "Inhalt > alles");
+        d.schreibeKommentar(film, "gut");
     }
     std::string xml(int typ, long id, bool cover, bool unter) {
-        FakeBenutzer nutzer;
-        Einstellungen e(k.basis / "e.conf");
-        Austausch a(*k.db, k.ordner, nutzer, e);
         std::string d;
-        EXPECT_TRUE(a.xml(typ, id, XmlOptionen{cover, unter}, d));
+        EXPECT_TRUE(austausch.xml(typ, id, XmlOptionen{cover, unter}, d));
         return d;
     }
-    Katalogumgebung k;
     long box = 0, dvd = 0, film = 0;
 };
 
 const char* kKopf = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<ZELKA_4>\r\n<ZELKA_XML version=\"1.0\">\r\n";
 const char* kFuss = "</ZELKA_XML>\r\n</ZELKA_4>\r\n";
+const std::string kBox = "<Box EAN=\"12&lt;3&gt;\" Verpackungstyp=\"Amaray\" Titel=\"A&amp;B &quot;Box&quot;\"";
+const std::string kDvd = "<Dvd Titel=\"D&lt;1&gt;\" Jahr=\"2000\" SN=\"4000000000\" BytesLow=\"5\" BytesHigh=\"0\" "
+                         "Format=\"DVD-9\">\r\n<RC>2</RC>\r\n<Extra>Trailer</Extra>\r\n";
 
 const char* kFilm =
     "<Film Titel=\"F&apos;1\" FSK=\"12\" Jahr=\"1999\" Dauer=\"90\">\r\n"
@@ -73,27 +70,13 @@ const char* kFilm =
 
 }  // namespace
 
-TEST(XmlExport, BoxMitUnterobjektenGanz) {
+TEST(XmlExport, MitUndOhneUnterobjekte) {
     XmlFall f;
-    const std::string erwartet = std::string(kKopf) +
-        "<Box EAN=\"12&lt;3&gt;\" Verpackungstyp=\"Amaray\" Titel=\"A&amp;B &quot;Box&quot;\">\r\n"
-        "<Extra>Poster</Extra>\r\n"
-        "<Dvd Titel=\"D&lt;1&gt;\" Jahr=\"2000\" SN=\"4000000000\" BytesLow=\"5\" BytesHigh=\"0\" Format=\"DVD-9\">\r\n"
-        "<RC>2</RC>\r\n"
-        "<Extra>Trailer</Extra>\r\n" + kFilm + "</Dvd>\r\n</Box>\r\n" + kFuss;
-    EXPECT_EQ(f.xml(kObjektBox, f.box, false, true), erwartet);
-}
-
-TEST(XmlExport, OhneUnterobjekteNurDasObjektSelbst) {
-    XmlFall f;
-    EXPECT_EQ(f.xml(kObjektBox, f.box, false, false),
-              std::string(kKopf) +
-                  "<Box EAN=\"12&lt;3&gt;\" Verpackungstyp=\"Amaray\" Titel=\"A&amp;B &quot;Box&quot;\">\r\n"
-                  "<Extra>Poster</Extra>\r\n</Box>\r\n" + kFuss);
-    EXPECT_EQ(f.xml(kObjektDvd, f.dvd, false, false),
-              std::string(kKopf) +
-                  "<Dvd Titel=\"D&lt;1&gt;\" Jahr=\"2000\" SN=\"4000000000\" BytesLow=\"5\" BytesHigh=\"0\" Format=\"DVD-9\">\r\n"
-                  "<RC>2</RC>\r\n<Extra>Trailer</Extra>\r\n</Dvd>\r\n" + kFuss);
+    const std::string boxKopf = kBox + ">\r\n<Extra>Poster</Extra>\r\n";
+    EXPECT_EQ(f.xml(kObjektBox, f.box, false, true),
+              kKopf + boxKopf + kDvd + kFilm + "</Dvd>\r\n</Box>\r\n" + kFuss);
+    EXPECT_EQ(f.xml(kObjektBox, f.box, false, false), kKopf + boxKopf + "</Box>\r\n" + kFuss);
+    EXPECT_EQ(f.xml(kObjektDvd, f.dvd, false, false), kKopf + kDvd + "</Dvd>\r\n" + kFuss);
     EXPECT_EQ(f.xml(kObjektFilm, f.film, false, false), std::string(kKopf) + kFilm + kFuss);
     // A film renders the same whatever the switch says.
     EXPECT_EQ(f.xml(kObjektFilm, f.film, true, true), std::string(kKopf) + kFilm + kFuss);
@@ -101,13 +84,13 @@ TEST(XmlExport, OhneUnterobjekteNurDasObjektSelbst) {
 
 TEST(XmlExport, CoverAlsDatenUri) {
     XmlFall f;
-    const std::string stamm = f.k.ordner.cover + std::to_string(f.box);
+    const std::string stamm = f.ordner.cover + std::to_string(f.box);
     auto kopfzeile = [&](bool cover) {
         const std::string d = f.xml(kObjektBox, f.box, cover, false);
         const std::size_t a = d.find("<Box ");
         return d.substr(a, d.find("\r\n", a) - a);
     };
-    const std::string ohne = "<Box EAN=\"12&lt;3&gt;\" Verpackungstyp=\"Amaray\" Titel=\"A&amp;B &quot;Box&quot;\"";
+    const std::string& ohne = kBox;
     EXPECT_EQ(kopfzeile(true), ohne + ">");  // no cover file
     const std::pair<const char*, const char*> arten[] = {
         {".bmp", "bmp"}, {".JPG", "jpeg"}, {".gif", "gif"}, {".png", "???"}, {".jpeg", "???"}};
@@ -127,9 +110,7 @@ TEST(XmlExport, MaskierungUndSchalter) {
     EXPECT_FALSE(xmlOptionen(kOptXmlCover).unterobjekte);
     EXPECT_TRUE(xmlOptionen(kOptXmlUnterobjekte).unterobjekte);
     XmlFall f;
-    FakeBenutzer nutzer;
-    Einstellungen e(f.k.basis / "e.conf");
-    Austausch a(*f.k.db, f.k.ordner, nutzer, e);
+    Austausch& a = f.austausch;
     std::string d = "unberührt";
     EXPECT_FALSE(a.xml(kObjektBox, 999, XmlOptionen{}, d));
     EXPECT_FALSE(a.xml(7, f.box, XmlOptionen{}, d));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "retrieval/Suche.h"
+#include "retrieval/Vormerklisten.h"
 #include "tests/domain/DomainUmgebung.h"
 #include "tests/support/FakeBenutzer.h"
 
@@ -75,17 +76,50 @@ inline KriterienListe kriterien(std::vector<Zeile> zeilen) {
     return l;
 }
 
-// Runs a search on normalised rows and returns the ids of the hits in order.
-inline std::vector<long> treffer(Datenbank& db, std::vector<Zeile> zeilen,
-                                 bool grossKlein = false) {
+// Runs a search on normalised rows.
+inline Suchergebnis ergebnis(Datenbank& db, std::vector<Zeile> zeilen, const SuchOptionen& o = {}) {
     KriterienListe l = kriterien(std::move(zeilen));
     normalisiere(l);
+    return suche(db, l, o);
+}
+
+// The same, returning the ids of the hits in order.
+inline std::vector<long> treffer(Datenbank& db, std::vector<Zeile> zeilen,
+                                 bool grossKlein = false) {
     SuchOptionen o;
     o.grossKlein = grossKlein;
-    Suchergebnis e = suche(db, l, o);
+    Suchergebnis e = ergebnis(db, std::move(zeilen), o);
     std::vector<long> ids;
     for (const SearchHit* h = e.kopf(); h; h = h->next) ids.push_back(trefferObjektId(*h));
     return ids;
 }
+
+// "typ:id " of a watch-list element.
+inline std::string el(int typ, long id) { return std::to_string(typ) + ":" + std::to_string(id) + " "; }
+// The elements in order.
+inline std::string folge(const std::vector<VormerkElement>& v) {
+    std::string s;
+    for (const VormerkElement& e : v) s += el(e.typ, e.objektId);
+    return s;
+}
+
+// Two boxes with a DVD each: "Alien Box" (EAN 111) with "Alien DVD" holding "Alien"
+// and "Aliens"; "Tab Box" (EAN 222) with "Disc\tEins" holding "Titel\tmit Tab".
+class ZweiBoxen : public ::testing::Test, public Katalogbau {
+  protected:
+    void SetUp() override {
+        b1 = box("Alien Box", "111");
+        d1 = dvd(b1, "Alien DVD");
+        f1 = film(d1, "Alien");
+        f2 = film(d1, "Aliens");
+        b2 = box("Tab Box", "222");
+        d2 = dvd(b2, "Disc\tEins");
+        f3 = film(d2, "Titel\tmit Tab");
+    }
+    std::string liste(long id) { return folge(v.inhalt({id})); }
+
+    Vormerklisten v{*db};
+    long b1 = 0, d1 = 0, f1 = 0, f2 = 0, b2 = 0, d2 = 0, f3 = 0;
+};
 
 }  // namespace dv::test

@@ -69,16 +69,12 @@ TEST_F(SucheTest, FaltungOhneVorrangUndErsteZeileUnd) {
     EXPECT_EQ(treffer(*db, {{3, 1, kOpGleich, kVerknuepfungOder, "Nichts"}}), Ids{});
     // No short cuts: every row is evaluated and adds its reason, also after a
     // result that an OR or an AND could not change any more.
-    KriterienListe l = kriterien({{3, 1, 1, 2, "Amelie"},
-                                  {3, 6, 1, kVerknuepfungOder, "Drama"},
-                                  {3, 1, 1, 2, "Nichts"},
-                                  {3, 2, kOpKleiner, 2, "12"}});
-    normalisiere(l);
-    Suchergebnis e = suche(*db, l, {});
+    Suchergebnis e = ergebnis(*db, {{3, 1, 1, 2, "Amelie"},
+                                    {3, 6, 1, kVerknuepfungOder, "Drama"},
+                                    {3, 1, 1, 2, "Nichts"},
+                                    {3, 2, kOpKleiner, 2, "12"}});
     EXPECT_EQ(e.anzahl(), 0u);
-    l = kriterien({{3, 1, 1, 2, "Amelie"}, {3, 6, 1, kVerknuepfungOder, "Drama"}});
-    normalisiere(l);
-    e = suche(*db, l, {});
+    e = ergebnis(*db, {{3, 1, 1, 2, "Amelie"}, {3, 6, 1, kVerknuepfungOder, "Drama"}});
     ASSERT_EQ(e.anzahl(), 3u);
     EXPECT_EQ(e.kopf()->reason, "Genre: <Drama> ");  // Das Boot
     EXPECT_EQ(e.kopf()->next->reason, "Titel: <Amelie> Genre: <Drama> ");
@@ -116,9 +112,7 @@ TEST_F(SucheTest, PaareGeltenFuerDenselbenEintrag) {
     EXPECT_EQ(treffer(*db, {{3, 1, 1, 2, "Das Boot"}, {3, 4, 1, kVerknuepfungPaar, "2005"}}),
               Ids{boot});
 
-    KriterienListe l = kriterien({{3, 7, 1, 2, "Deutsch"}, {3, 8, 1, kVerknuepfungPaar, "DTS"}});
-    normalisiere(l);
-    Suchergebnis e = suche(*db, l, {});
+    Suchergebnis e = ergebnis(*db, {{3, 7, 1, 2, "Deutsch"}, {3, 8, 1, kVerknuepfungPaar, "DTS"}});
     ASSERT_EQ(e.anzahl(), 1u);
     EXPECT_EQ(e.kopf()->reason, "Sprache: <Deutsch> <=> Tonformat: <DTS> ");
 }
@@ -134,9 +128,7 @@ TEST_F(SucheTest, BoxsucheMitPaarenWieUnd) {
 }
 
 TEST_F(SucheTest, DvdsuchenUndGruende) {
-    KriterienListe l = kriterien({{2, 3, kOpGroesserGleich, 2, "6"}, {2, 2, kOpGleich, 2, "2005"}});
-    normalisiere(l);
-    Suchergebnis e = suche(*db, l, {});
+    Suchergebnis e = ergebnis(*db, {{2, 3, kOpGroesserGleich, 2, "6"}, {2, 2, kOpGleich, 2, "2005"}});
     ASSERT_EQ(e.anzahl(), 1u);
     EXPECT_EQ(e.kopf()->dvdId, dramaDvd);
     EXPECT_EQ(e.kopf()->reason, "RC: 2,3 <6> Jahr: <2005> ");
@@ -144,12 +136,10 @@ TEST_F(SucheTest, DvdsuchenUndGruende) {
 }
 
 TEST_F(SucheTest, GrundWirdEinmalGenanntUndBegrenzt) {
-    KriterienListe l = kriterien({{3, 1, 1, 2, "*Matrix"},
-                                  {3, 1, 1, kVerknuepfungOder, "The*"},
-                                  {3, 6, 1, 2, "Sci*"},
-                                  {3, 9, 2, 2, "x"}});
-    normalisiere(l);
-    Suchergebnis e = suche(*db, l, {});
+    Suchergebnis e = ergebnis(*db, {{3, 1, 1, 2, "*Matrix"},
+                                    {3, 1, 1, kVerknuepfungOder, "The*"},
+                                    {3, 6, 1, 2, "Sci*"},
+                                    {3, 9, 2, 2, "x"}});
     ASSERT_EQ(e.anzahl(), 1u);
     EXPECT_EQ(e.kopf()->reason, "Titel: <The Matrix> Genre: <SciFi> Untertitel: <> ");
 
@@ -164,9 +154,7 @@ TEST_F(SucheTest, GrundWirdEinmalGenanntUndBegrenzt) {
     ASSERT_TRUE(db->schreibeFilmObjekte(neu16, kTypGenre, ids));
     std::vector<Zeile> zeilen;
     for (const std::string& m : muster) zeilen.push_back({3, 6, 1, 2, m.c_str()});
-    KriterienListe l2 = kriterien(zeilen);
-    normalisiere(l2);
-    Suchergebnis e2 = suche(*db, l2, {});
+    Suchergebnis e2 = ergebnis(*db, zeilen);
     ASSERT_EQ(e2.anzahl(), 1u);
     const std::string& g = e2.kopf()->reason;
     EXPECT_LE(g.size(), kGrundMax);
@@ -178,12 +166,10 @@ TEST_F(SucheTest, GrundWirdEinmalGenanntUndBegrenzt) {
 TEST_F(SucheTest, FilmAufZweiDvdsNurEinTrefferUndAufloesung) {
     const long zweite = dvdMit(matrixBox, "Zweite", 2000, 2);
     ASSERT_GT(k().DVD_Film.insert(zweite, matrix, 9), 0);
-    KriterienListe l = kriterien({{3, 1, 1, 2, "*Matrix*"}});
-    normalisiere(l);
     SuchOptionen o;
     std::vector<std::pair<int, int>> schritte;
     o.fortschritt = [&](int i, int n) { schritte.emplace_back(i, n); };
-    Suchergebnis e = suche(*db, l, o);
+    Suchergebnis e = ergebnis(*db, {{3, 1, 1, 2, "*Matrix*"}}, o);
     ASSERT_EQ(e.anzahl(), 1u);
     ASSERT_EQ(schritte.size(), 5u);  // one step per film, each film once
     EXPECT_EQ(schritte.back(), std::make_pair(5, 5));
@@ -203,9 +189,7 @@ TEST_F(SucheTest, FortschrittUeberBenutzerUndFreigabe) {
     EXPECT_LE(benutzer.fortschritte.size(), 101u);
     EXPECT_GE(benutzer.fortschritte.size(), 100u);
     {
-        KriterienListe l = kriterien({{3, 6, 1, 2, "Drama"}});
-        normalisiere(l);
-        Suchergebnis e = suche(*db, l, {});
+        Suchergebnis e = ergebnis(*db, {{3, 6, 1, 2, "Drama"}});
         loeseAuf(e);
         EXPECT_EQ(e.anzahl(), 3u);
         Suchergebnis verschoben = std::move(e);

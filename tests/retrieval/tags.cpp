@@ -13,16 +13,8 @@ using namespace dv::test;
 
 namespace {
 
-class TagTest : public ::testing::Test, public Katalogbau {
+class TagTest : public ZweiBoxen {
   protected:
-    void SetUp() override {
-        b1 = box("Box Eins", "1");
-        d1 = dvd(b1, "DVD Eins");
-        f1 = film(d1, "Film Eins");
-        b2 = box("Box Zwei", "2");
-        d2 = dvd(b2, "DVD Zwei");
-        f2 = film(d2, "Film Zwei");
-    }
     std::string suche(std::string_view text, int typ) {
         std::string s;
         for (const TagTreffer& t : tags.suche(text, typ))
@@ -31,7 +23,6 @@ class TagTest : public ::testing::Test, public Katalogbau {
     }
 
     Tagverwaltung tags{*db, benutzer};
-    long b1 = 0, d1 = 0, f1 = 0, b2 = 0, d2 = 0, f2 = 0;
 };
 
 }  // namespace
@@ -51,7 +42,7 @@ TEST_F(TagTest, LeereListeLoeschtDieDatei) {
 }
 
 TEST_F(TagTest, AlleTagsEinerBoxNurNachJa) {
-    const std::vector<std::pair<int, long>> objekte = {{1, b1}, {2, d1}, {3, f1}, {1, b2}, {3, f2}};
+    const std::vector<std::pair<int, long>> objekte = {{1, b1}, {2, d1}, {3, f1}, {1, b2}, {3, f3}};
     for (auto [typ, id] : objekte) ASSERT_TRUE(tags.schreibe(typ, id, {"x"}));
     benutzer.antworten = {false};
     EXPECT_FALSE(tags.entferneAlleDerBox(b1));
@@ -65,20 +56,20 @@ TEST_F(TagTest, AlleTagsEinerBoxNurNachJa) {
     EXPECT_FALSE(tags.hat(kObjektDvd, d1));
     EXPECT_FALSE(tags.hat(kObjektFilm, f1));
     EXPECT_TRUE(tags.hat(kObjektBox, b2));
-    EXPECT_TRUE(tags.hat(kObjektFilm, f2));
+    EXPECT_TRUE(tags.hat(kObjektFilm, f3));
 }
 
 TEST_F(TagTest, TagsucheNachArtUndOhneGrossKlein) {
     ASSERT_TRUE(tags.schreibe(kObjektBox, b1, {"Sammler-DVD", "anderes"}));
     ASSERT_TRUE(tags.schreibe(kObjektDvd, d1, {"dvd defekt"}));
-    ASSERT_TRUE(tags.schreibe(kObjektFilm, f2, {"Lieblings-Dvd", "DVD"}));
+    ASSERT_TRUE(tags.schreibe(kObjektFilm, f3, {"Lieblings-Dvd", "DVD"}));
     ASSERT_TRUE(tags.schreibe(kObjektFilm, f1, {"\xc4rger mit DVD"}));
     const std::string B = "1_" + std::to_string(b1), D = "2_" + std::to_string(d1),
-                      F1 = "3_" + std::to_string(f1), F2 = "3_" + std::to_string(f2);
+                      F1 = "3_" + std::to_string(f1), F3 = "3_" + std::to_string(f3);
     EXPECT_EQ(suche("dvd", 0), B + ":Sammler-DVD " + D + ":dvd defekt " + F1 +
-                                   ":\xc4rger mit DVD " + F2 + ":Lieblings-Dvd " + F2 + ":DVD ");
+                                   ":\xc4rger mit DVD " + F3 + ":Lieblings-Dvd " + F3 + ":DVD ");
     EXPECT_EQ(suche("dvd", kObjektFilm),
-              F1 + ":\xc4rger mit DVD " + F2 + ":Lieblings-Dvd " + F2 + ":DVD ");
+              F1 + ":\xc4rger mit DVD " + F3 + ":Lieblings-Dvd " + F3 + ":DVD ");
     // Umlauts are not folded.
     EXPECT_EQ(suche("\xe4rger", 0), "");
     EXPECT_EQ(suche("\xc4rger", 0), F1 + ":\xc4rger mit DVD ");
@@ -89,14 +80,9 @@ TEST_F(TagTest, TagsucheNachArtUndOhneGrossKlein) {
 TEST_F(TagTest, FremdeDateienImTagOrdner) {
     ASSERT_TRUE(tags.schreibe(kObjektFilm, f1, {"echt"}));
     const std::string o = ordner.tags;
-    schreibeDatei(o + "notizen.txt", "echt\n");
-    schreibeDatei(o + "3_abc.txt", "echt\n");
-    schreibeDatei(o + "4_1.txt", "echt\n");
-    schreibeDatei(o + "0_1.txt", "echt\n");
-    schreibeDatei(o + "3_-5.txt", "echt\n");
-    schreibeDatei(o + "3_0012.txt", "echt\n");
-    schreibeDatei(o + "3_7.txt.tmp", "echt\n");
-    schreibeDatei(o + "3_8.TXT", "echt\n");
+    for (const char* n : {"notizen.txt", "3_abc.txt", "4_1.txt", "0_1.txt", "3_-5.txt", "3_0012.txt",
+                          "3_7.txt.tmp", "3_8.TXT"})
+        schreibeDatei(o + n, "echt\n");
     std::filesystem::create_directory(o + "3_9.txt");
     EXPECT_EQ(suche("echt", 0), "3_" + std::to_string(f1) + ":echt ");
     EXPECT_EQ(suche("echt", kObjektBox), "");

@@ -10,28 +10,9 @@ using namespace dv::test;
 
 namespace {
 
-class VormerkTest : public ::testing::Test, public Katalogbau {
-  protected:
-    void SetUp() override {
-        b1 = box("Alien Box", "111");
-        d1 = dvd(b1, "Alien DVD");
-        f1 = film(d1, "Alien");
-        f2 = film(d1, "Aliens");
-    }
-    // "typ:id" of the elements, in order.
-    static std::string folge(const std::vector<VormerkElement>& v) {
-        std::string s;
-        for (const VormerkElement& e : v)
-            s += std::to_string(e.typ) + ":" + std::to_string(e.objektId) + " ";
-        return s;
-    }
-    std::string liste(long id) { return folge(v.inhalt({id})); }
+using VormerkTest = ZweiBoxen;
 
-    Vormerklisten v{*db};
-    long b1 = 0, d1 = 0, f1 = 0, f2 = 0;
-};
-
-VormerkElement el(int typ, long id) {
+VormerkElement ve(int typ, long id) {
     VormerkElement e;
     e.typ = typ;
     e.objektId = id;
@@ -57,7 +38,7 @@ TEST_F(VormerkTest, ListenAnlegenUmbenennenLoeschen) {
     EXPECT_FALSE(v.gibtEs(a));
     EXPECT_FALSE(v.loesche(a));
     EXPECT_EQ(zeilen(k().Vormerk2), 1);
-    EXPECT_EQ(liste(b), "3:" + std::to_string(f1) + " ");
+    EXPECT_EQ(liste(b), el(3, f1));
     ASSERT_EQ(v.listen().size(), 1u);
     EXPECT_EQ(v.listen()[0].id, b);
 }
@@ -68,8 +49,7 @@ TEST_F(VormerkTest, PositionenHochRunterKopierenVerschieben) {
     v.fuegeHinzu(a, kObjektBox, b1);
     v.fuegeHinzu(a, kObjektDvd, d1);
     v.fuegeHinzu(a, kObjektFilm, f1);
-    const std::string B = "1:" + std::to_string(b1) + " ", D = "2:" + std::to_string(d1) + " ",
-                      F = "3:" + std::to_string(f1) + " ";
+    const std::string B = el(1, b1), D = el(2, d1), F = el(3, f1);
     EXPECT_EQ(liste(a), B + D + F);
     EXPECT_TRUE(v.verschiebe(a, kObjektFilm, f1, true));
     EXPECT_EQ(liste(a), B + F + D);
@@ -94,14 +74,14 @@ TEST_F(VormerkTest, GleichePositionenLassenSichTauschen) {
     const long a = v.neu("A");
     ASSERT_GT(v.fuegeHinzuAn(a, kObjektFilm, f1, 5), 0);
     ASSERT_GT(v.fuegeHinzuAn(a, kObjektFilm, f2, 5), 0);
-    const std::string F1 = "3:" + std::to_string(f1) + " ", F2 = "3:" + std::to_string(f2) + " ";
+    const std::string F1 = el(3, f1), F2 = el(3, f2);
     EXPECT_EQ(liste(a), F1 + F2);
     EXPECT_TRUE(v.verschiebe(a, kObjektFilm, f2, true));
     EXPECT_EQ(liste(a), F2 + F1);
     // At the last position the list is numbered again before the next entry.
     ASSERT_GT(v.fuegeHinzuAn(a, kObjektBox, b1, 65535), 0);
     ASSERT_GT(v.fuegeHinzu(a, kObjektDvd, d1), 0);
-    EXPECT_EQ(liste(a), F2 + F1 + "1:" + std::to_string(b1) + " 2:" + std::to_string(d1) + " ");
+    EXPECT_EQ(liste(a), F2 + F1 + el(1, b1) + el(2, d1));
     EXPECT_EQ(v.letztePosition(a), 4);
 }
 
@@ -144,25 +124,19 @@ TEST_F(VormerkTest, TitelVielerObjekteKommenAusEinemDurchlauf) {
 }
 
 TEST(VormerkMengen, VereinigungSchnittKomplement) {
-    const std::vector<VormerkElement> a = {el(3, 1), el(3, 1), el(1, 1), el(2, 7)};
-    const std::vector<VormerkElement> b = {el(3, 1), el(1, 2)};
-    auto ids = [](const std::vector<VormerkElement>& v) {
-        std::string s;
-        for (const VormerkElement& e : v)
-            s += std::to_string(e.typ) + ":" + std::to_string(e.objektId) + " ";
-        return s;
-    };
+    const std::vector<VormerkElement> a = {ve(3, 1), ve(3, 1), ve(1, 1), ve(2, 7)};
+    const std::vector<VormerkElement> b = {ve(3, 1), ve(1, 2)};
     std::vector<VormerkElement> ab = a;
     ab.insert(ab.end(), b.begin(), b.end());
     // Same id, other type: a different object.
-    EXPECT_EQ(ids(vereinigung(ab)), "3:1 1:1 2:7 1:2 ");
-    EXPECT_EQ(ids(vereinigung(a)), "3:1 1:1 2:7 ");
-    EXPECT_EQ(ids(schnitt({a, b})), "3:1 3:1 ");
-    EXPECT_EQ(ids(schnitt({b, a})), "3:1 ");
-    EXPECT_EQ(ids(schnitt({a})), ids(a));
-    EXPECT_EQ(ids(schnitt({a, b, {}})), "");
-    EXPECT_EQ(ids(komplement(a, b)), "3:1 1:1 2:7 ");  // one of the two films goes
-    EXPECT_EQ(ids(komplement(a, a)), "");
-    EXPECT_EQ(ids(komplement(b, a)), "1:2 ");
-    EXPECT_EQ(ids(komplement({}, a)), "");
+    EXPECT_EQ(folge(vereinigung(ab)), "3:1 1:1 2:7 1:2 ");
+    EXPECT_EQ(folge(vereinigung(a)), "3:1 1:1 2:7 ");
+    EXPECT_EQ(folge(schnitt({a, b})), "3:1 3:1 ");
+    EXPECT_EQ(folge(schnitt({b, a})), "3:1 ");
+    EXPECT_EQ(folge(schnitt({a})), folge(a));
+    EXPECT_EQ(folge(schnitt({a, b, {}})), "");
+    EXPECT_EQ(folge(komplement(a, b)), "3:1 1:1 2:7 ");  // one of the two films goes
+    EXPECT_EQ(folge(komplement(a, a)), "");
+    EXPECT_EQ(folge(komplement(b, a)), "1:2 ");
+    EXPECT_EQ(folge(komplement({}, a)), "");
 }

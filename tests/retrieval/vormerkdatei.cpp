@@ -2,33 +2,22 @@
 // cannot be found, and damaged files.
 #include <gtest/gtest.h>
 
-#include "platform/Zeit.h"
 #include "retrieval/VormerkDatei.h"
 #include "tests/retrieval/Katalogbau.h"
+#include "tests/support/FesteUhr.h"
 
 using namespace dv;
 using namespace dv::test;
 
 namespace {
 
-LokaleZeit festeZeit() {
-    return {7, 3, 2024, 9, 5, 1};
-}
-
-class VormerkDateiTest : public ::testing::Test, public Katalogbau {
+class VormerkDateiTest : public ZweiBoxen {
   protected:
     void SetUp() override {
-        setzeUhr(festeZeit);
-        b1 = box("Alien Box", "111");
-        d1 = dvd(b1, "Alien DVD");
-        f1 = film(d1, "Alien");
-        b2 = box("Tab Box", "222");
-        d2 = dvd(b2, "Disc\tEins");
-        f2 = film(d2, "Titel\tmit Tab");
+        ZweiBoxen::SetUp();
         // A DVD held by two boxes is written with the box that comes first.
         ASSERT_GT(k().DVD_Box.insert(b1, d2, 9, 9), 0);
     }
-    void TearDown() override { setzeUhr(nullptr); }
 
     std::string datei(const std::string& inhalt) {
         const std::string p = basis / "v.vml";
@@ -36,15 +25,8 @@ class VormerkDateiTest : public ::testing::Test, public Katalogbau {
         return p;
     }
     std::string log() { return leseDatei(ordner.meldungen + kVormerkImportLog); }
-    std::string inhalt(long liste) {
-        std::string s;
-        for (const VormerkElement& e : v.inhalt({liste}))
-            s += std::to_string(e.typ) + ":" + std::to_string(e.objektId) + " ";
-        return s;
-    }
 
-    Vormerklisten v{*db};
-    long b1 = 0, d1 = 0, f1 = 0, b2 = 0, d2 = 0, f2 = 0;
+    FesteUhr uhr{7, 3, 2024, 9, 5, 1};
 };
 
 }  // namespace
@@ -54,7 +36,7 @@ TEST_F(VormerkDateiTest, ExportUndWiederImport) {
     const long leer = v.neu("Leer");
     v.fuegeHinzu(a, kObjektBox, b1);
     v.fuegeHinzu(a, kObjektDvd, d2);
-    v.fuegeHinzu(a, kObjektFilm, f2);
+    v.fuegeHinzu(a, kObjektFilm, f3);
     v.fuegeHinzu(a, kObjektFilm, f1);
     v.fuegeHinzu(a, 7, f1);             // unknown type: not written
     v.fuegeHinzu(a, kObjektFilm, 999);  // gone: not written
@@ -77,9 +59,8 @@ TEST_F(VormerkDateiTest, ExportUndWiederImport) {
     ASSERT_EQ(listen.size(), 4u);
     EXPECT_EQ(listen[2].name, "Verleihen");
     EXPECT_EQ(listen[3].name, "Leer");
-    EXPECT_EQ(inhalt(listen[2].id), "1:" + std::to_string(b1) + " 2:" + std::to_string(d2) + " 3:" +
-                                        std::to_string(f2) + " 3:" + std::to_string(f1) + " ");
-    EXPECT_EQ(inhalt(listen[3].id), "");
+    EXPECT_EQ(liste(listen[2].id), el(1, b1) + el(2, d2) + el(3, f3) + el(3, f1));
+    EXPECT_EQ(liste(listen[3].id), "");
     EXPECT_FALSE(gibtEs(ordner.meldungen + kVormerkImportLog));
 }
 
@@ -115,7 +96,7 @@ TEST_F(VormerkDateiTest, NichtGefundeneObjekteWerdenProtokolliert) {
               "Datei\n\"vormerklisten_import_error.log\"\nim Meldungs-Verzeichnis");
     const auto listen = v.listen();
     ASSERT_EQ(listen.size(), 1u);
-    EXPECT_EQ(inhalt(listen[0].id), "1:" + std::to_string(b1) + " 3:" + std::to_string(f1) + " ");
+    EXPECT_EQ(liste(listen[0].id), el(1, b1) + el(3, f1));
 }
 
 TEST_F(VormerkDateiTest, FremdeVersionBeendetDasLesen) {
@@ -129,7 +110,7 @@ TEST_F(VormerkDateiTest, FremdeVersionBeendetDasLesen) {
     const auto listen = v.listen();
     ASSERT_EQ(listen.size(), 1u);
     EXPECT_EQ(listen[0].name, "Vorher");
-    EXPECT_EQ(inhalt(listen[0].id), "1:" + std::to_string(b1) + " ");
+    EXPECT_EQ(liste(listen[0].id), el(1, b1));
 }
 
 TEST_F(VormerkDateiTest, KaputteDateien) {

@@ -62,18 +62,15 @@ protected:
         s.titel = t;
         return wi.fuehreAus(server.url(), s);
     }
-    WebImportErgebnis ean(const std::string& e) {
-        WebImportSuche s;
-        s.ean = e;
-        return wi.fuehreAus(server.url(), s);
-    }
-    // The messages shown, without the closing "Suche beendet" (checked once here).
+    // The messages shown since the last call, without the closing "Suche beendet"
+    // (checked once here).
     std::vector<std::string> meldungen() {
         std::vector<std::string> v;
         for (const auto& m : benutzer.meldungen) {
             EXPECT_EQ(m.titel, "Web-Import");
             v.push_back(m.text);
         }
+        benutzer.meldungen.clear();
         EXPECT_FALSE(v.empty());
         if (!v.empty()) {
             EXPECT_EQ(v.back(), "Suche beendet");
@@ -129,7 +126,6 @@ TEST_F(WebImportTest, NichtsGefundenUndLeereLinkliste) {
     EXPECT_EQ(meldungen(), Texte{"Es konnte kein passender Import gefunden werden."});
     EXPECT_TRUE(benutzer.auswahlDialoge.empty());
 
-    benutzer.meldungen.clear();
     links("1;db1/;\n");
     index("db1/", "4001;1;2;3;\"Alien\";\n");
     EXPECT_EQ(titel("Predator").code, 0);
@@ -142,7 +138,6 @@ TEST_F(WebImportTest, FehlercodesMitIhrenMeldungen) {
     EXPECT_EQ(meldungen(), (Texte{"Error: HTTP 404", "<Import-URL> <Fehlerhafter Link>"}));
 
     // -2: downloaded but not readable
-    benutzer.meldungen.clear();
     links("1;db1/;\n");
     fs.gesperrt = "/links.ini";
     EXPECT_EQ(titel("x").code, kWebLinksUnlesbar);
@@ -150,12 +145,10 @@ TEST_F(WebImportTest, FehlercodesMitIhrenMeldungen) {
     fs.gesperrt = "/nichts";
 
     // -3: the index of a link is missing
-    benutzer.meldungen.clear();
     EXPECT_EQ(titel("x").code, kWebIndexFehlt);
     EXPECT_EQ(meldungen(), (Texte{"Error: HTTP 404", "<Import-URL> <Delegation> <Fehlerhafter Link>"}));
 
     // -5: a chosen box file is missing; the one fetched before it stays
-    benutzer.meldungen.clear();
     index("db1/", "4001;1;2;3;\"Alien\";\n4002;1;2;3;\"Aliens\";\n");
     box("db1/", "4001");
     benutzer.auswahlen.push_back({0, 1});
@@ -178,7 +171,6 @@ TEST_F(WebImportTest, KaputteIndexeGebenMinusVier) {
         "KVT",                                           // no header
     };
     for (const std::string& f : faelle) {
-        benutzer.meldungen.clear();
         test::schreibeDatei(srv / "db1/ImpDB.kvt", f);
         EXPECT_EQ(titel("Alien").code, kWebIndexUnlesbar);
         EXPECT_EQ(meldungen(), Texte{"<Import-DB> <Lesefehler>"});
@@ -209,7 +201,9 @@ TEST_F(WebImportTest, EanNimmtNurDieErsteZeileJeIndex) {
     links("1;db1/;\n2;db2/;\n");
     index("db1/", "4001;0;0;0;\"Erste\";\n4001;0;0;0;\"Zweite\";\n4000;0;0;0;\"Andere\";\n");
     index("db2/", "40011;0;0;0;\"Laenger\";\n4001;0;0;0;\"Dritte\";\n4001;0;0;0;\"Vierte\";\n");
-    const WebImportErgebnis e = ean("4001");
+    WebImportSuche s;
+    s.ean = "4001";
+    const WebImportErgebnis e = wi.fuehreAus(server.url(), s);
     ASSERT_EQ(e.code, 2);
     EXPECT_EQ(e.treffer[0].titel, "Erste");
     EXPECT_EQ(e.treffer[1].titel, "Dritte");
@@ -265,27 +259,26 @@ TEST_F(WebImportTest, FeindlicheDatenBleibenImArbeitsordner) {
 TEST_F(WebImportTest, UebertragungsfehlerWerdenErkannt) {
     links("1;db1/;\n");
     index("db1/", "4001;0;0;0;\"Alien\";\n");
-    server.setze("db1/ImpDB.kvt", TestServer::Art::Abgeschnitten);
-    EXPECT_EQ(titel("Alien").code, kWebIndexFehlt);
-    Texte m = meldungen();
-    ASSERT_EQ(m.size(), 2u);
-    EXPECT_EQ(m[0].rfind("Error: HTTP", 0), 0u) << m[0];
-
-    benutzer.meldungen.clear();
-    server.setze("db1/ImpDB.kvt", TestServer::Art::Riesig, 3 << 20);
-    EXPECT_EQ(titel("Alien").code, kWebIndexFehlt);
-    m = meldungen();
-    EXPECT_NE(m[0].find("größer"), std::string::npos) << m[0];
-
-    benutzer.meldungen.clear();
-    server.setze("db1/ImpDB.kvt", TestServer::Art::Langsam);
-    EXPECT_EQ(titel("Alien").code, kWebIndexFehlt);
-    m = meldungen();
-    EXPECT_NE(m[0].find("Zeitüberschreitung"), std::string::npos) << m[0];
-
-    benutzer.meldungen.clear();
+    const struct {
+        TestServer::Art art;
+        std::size_t groesse;
+        const char* meldung;
+        bool amAnfang;
+    } faelle[] = {{TestServer::Art::Abgeschnitten, 0, "Error: HTTP", true},
+                  {TestServer::Art::Riesig, 3 << 20, "größer", false},
+                  {TestServer::Art::Langsam, 0, "Zeitüberschreitung", false}};
+    for (const auto& f : faelle) {
+        SCOPED_TRACE(f.meldung);
+        server.setze("db1/ImpDB.kvt", f.art, f.groesse);
+        EXPECT_EQ(titel("Alien").code, kWebIndexFehlt);
+        const Texte m = meldungen();
+        ASSERT_EQ(m.size(), 2u);
+        const std::size_t stelle = m[0].find(f.meldung);
+        EXPECT_TRUE(f.amAnfang ? stelle == 0 : stelle != std::string::npos) << m[0];
+    }
     EXPECT_EQ(wi.fuehreAus("http://127.0.0.1:1/", WebImportSuche{}).code, kWebLinksFehlen);
-    m = meldungen();
+    const Texte m = meldungen();
+    ASSERT_FALSE(m.empty());
     EXPECT_EQ(m[0].rfind("Error: HTTP", 0), 0u) << m[0];
     EXPECT_EQ(wi.fuehreAus("file:///etc/", WebImportSuche{}).code, kWebLinksFehlen);
 }
