@@ -87,6 +87,16 @@ struct DomainUmgebung {
         tab.scanne([&](const typename T::Zeile&) { ++n; });
         return n;
     }
+    // The names of those tables that do not hold exactly n live rows.
+    std::vector<std::string> ohneZeilenzahl(long n, std::initializer_list<Tabelle*> tabellen) {
+        std::vector<std::string> falsch;
+        for (Tabelle* t : tabellen) {
+            ListenElement* l = t->selectAll();
+            if (static_cast<long>(listenLaenge(l)) != n) falsch.push_back(t->name());
+            t->delListe(l);
+        }
+        return falsch;
+    }
 
     TempOrdner basis;
     Ordner ordner;

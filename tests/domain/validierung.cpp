@@ -4,9 +4,9 @@
 #include <cstring>
 
 #include "domain/Validierung.h"
-#include "platform/Zeit.h"
 #include "tests/domain/DomainUmgebung.h"
 #include "tests/support/FakeBenutzer.h"
+#include "tests/support/FesteUhr.h"
 #include "tests/support/FehlerDateisystem.h"
 
 namespace dv {
@@ -35,22 +35,8 @@ TEST(NormierePositionen, BehaeltDieFestgelegtenReihenfolgen) {
     EXPECT_EQ(ranke({65535, 9, 9, 1}), (V{4, 3, 2, 1}));
 }
 
-LokaleZeit festeZeit() {
-    LokaleZeit z;
-    z.tag = 3;
-    z.monat = 4;
-    z.jahr = 2024;
-    z.stunde = 5;
-    z.minute = 6;
-    z.sekunde = 7;
-    return z;
-}
-
 class ValidierungTest : public ::testing::Test {
 protected:
-    void SetUp() override { setzeUhr(&festeZeit); }
-    void TearDown() override { setzeUhr(nullptr); }
-
     bool validiere(ValidierungsErgebnis* erg = nullptr) {
         benutzer.antworten.push_back(true);
         return validiereDatenbank(*u.db, benutzer, u.ordner.meldungen, u.ordner.backups, erg);
@@ -86,6 +72,7 @@ protected:
     }
     std::string log() { return test::leseDatei(u.ordner.meldungen + "db_validate.log"); }
 
+    test::FesteUhr uhr{3, 4, 2024, 5, 6, 7};
     test::DomainUmgebung u;
     test::FakeBenutzer benutzer;
 };
@@ -253,7 +240,7 @@ TEST_F(ValidierungTest, SichertDenDatenordnerVorDerReparatur) {
 }
 
 TEST(ValidierungSicherung, OhneSicherungWirdNichtsGeaendert) {
-    setzeUhr(&festeZeit);
+    test::FesteUhr uhr(3, 4, 2024, 5, 6, 7);
     test::FehlerDateisystem fs;
     test::DomainUmgebung u(fs);
     const long box = u.box("Box");
@@ -265,7 +252,6 @@ TEST(ValidierungSicherung, OhneSicherungWirdNichtsGeaendert) {
     test::FakeBenutzer benutzer;
     benutzer.antworten.push_back(true);
     EXPECT_FALSE(validiereDatenbank(*u.db, benutzer, u.ordner.meldungen, u.ordner.backups));
-    setzeUhr(nullptr);
 
     std::vector<int> pos;
     u.k().DVD_Box.scanne([&](const Zeile7& z) { pos.push_back(z.Pos); });
