@@ -279,16 +279,3 @@ TEST(BoxDateiBeschaedigt, ZufallsbytesUndZerstoerteStroeme) {
         }
     }
 }
-
-TEST(BoxDateiBeschaedigt, DateiLesenUndGrenzen) {
-    TempOrdner t;
-    BoxLeser leser;
-    EXPECT_FALSE(leser.lese(echtesDateisystem(), t / "fehlt.box"));
-    schreibeDatei(t / "gut.box", kleineDatei(true));
-    EXPECT_TRUE(leser.lese(echtesDateisystem(), t / "gut.box"));
-    EXPECT_EQ(leser.bild(), "BILD");
-    EXPECT_EQ(leser.bildTyp(), 1);
-    // Trailing bytes after the end token do not matter.
-    schreibeDatei(t / "rest.box", kleineDatei(false) + "xyz");
-    EXPECT_TRUE(leser.lese(echtesDateisystem(), t / "rest.box"));
-}
