@@ -3,67 +3,17 @@
 
 #include <cstring>
 #include <map>
-#include <sstream>
 
 #include "bench/generator/Generator.h"
 #include "domain/Vorrat.h"
+#include "tests/domain/Abbild.h"
 #include "tests/domain/DomainUmgebung.h"
 #include "tests/support/FehlerDateisystem.h"
 
 namespace dv {
 namespace {
 
-// Every field of a tree except pointers, one line per element.
-class Abbild {
-  public:
-    std::string von(const BoxElement* b) {
-        for (; b; b = b->pNext) {
-            s_ << "Box " << b->Id << ' ' << b->cpEAN << '|' << b->cpText << '|' << b->Verpackungs_Id
-               << ' ' << b->Zusatz_Id << ' ' << int{b->bAnsicht1} << '\n';
-            objekte("  BoxExtra", b->pExtras);
-            for (const DvdElement* d = b->pDvds; d; d = d->pNext) dvd(*d);
-        }
-        return s_.str();
-    }
-
-  private:
-    void dvd(const DvdElement& d) {
-        s_ << " Dvd " << d.Id << ' ' << d.Index << ' ' << d.cpText << '|' << d.Jahr << ' '
-           << int{d.RC} << ' ' << int{d.Opt} << ' ' << d.Formate_Id << ' ' << d.SN << ' '
-           << d.Laenge << ' ' << d.BytesLow << ' ' << d.BytesHigh << '\n';
-        objekte("  DvdExtra", d.pExtras);
-        for (const FilmElement* f = d.pFilme; f; f = f->pNext) film(*f);
-    }
-    void film(const FilmElement& f) {
-        s_ << "  Film " << f.Id << ' ' << f.Index << ' ' << f.cpTitel << '|' << int{f.FSK} << ' '
-           << f.Laenge << ' ' << f.Jahr << '\n';
-        objekte("   Genre", f.pGenres);
-        objekte("   Bild", f.pBildformate);
-        objekte("   Unter", f.pUntertitel);
-        objekte("   Sprache", f.pSprachen);
-        for (const PersonenElement* p = f.pPersonen; p; p = p->pNext) {
-            s_ << "   Person " << p->lVerknuepfung << ' ' << p->lFunktion << ' ' << p->lPos << ' '
-               << p->pPerson->zeile.Id << ' ' << p->pPerson->zeile.cpName << '|'
-               << p->pPerson->zeile.cpVorname << '|' << p->pPerson->zeile.Instanz;
-            for (const ListenElement* a = p->pAlias; a; a = a->pNext) {
-                const auto& z = *static_cast<const Zeile1*>(a->pObjekt);
-                s_ << " [" << z.Id << ' ' << z.cpText << ']';
-            }
-            s_ << '\n';
-        }
-        for (const FktElement* k = f.pFunktionen; k; k = k->pNext)
-            s_ << "   Fkt " << k->Id << ' ' << k->sWert << ' ' << k->cpText << '\n';
-    }
-    void objekte(const char* art, const ObjektElement* e) {
-        for (; e; e = e->pNext) {
-            s_ << art << ' ' << e->Id << ' ' << e->Id2 << ' ' << e->lPos << ' '
-               << e->pObjekt1->zeile.cpText;
-            if (e->pObjekt2) s_ << " / " << e->pObjekt2->zeile.cpText;
-            s_ << '\n';
-        }
-    }
-    std::ostringstream s_;
-};
+using test::Abbild;
 
 // Counts how often each file is opened (no faults are set).
 class ZaehlDateisystem : public test::FehlerDateisystem {
