@@ -169,18 +169,16 @@ TEST_F(AendernTest, HochUndRunterTauschenNachbarn) {
     EXPECT_EQ(idsVon(u.db->getDvdListe(box).get()), (std::vector<long>{d3, d1, d2}));
 
     // Equal positions (left by an import, say) are renumbered so the move shows.
-    const long f1 = u.film(d1, "a"), f2 = u.film(d1, "b");
+    u.film(d1, "a");
+    u.film(d1, "b");
     auto links = u.k().DVD_Film.alle();
     for (ListenElement* n = links.get(); n; n = n->pNext) {
         const Zeile2& z = Tabelle2::zeile(n);
         u.k().DVD_Film.update(z.Id, z.DVD_Id, z.Objekt1_Id, 4);
     }
     const std::vector<long> vorher = idsVon(u.db->getFilmListe(d1).get());
-    const long zweiter = vorher[1];
-    ASSERT_TRUE(u.db->verschiebeFilm(d1, zweiter, true));
+    ASSERT_TRUE(u.db->verschiebeFilm(d1, vorher[1], true));
     EXPECT_EQ(idsVon(u.db->getFilmListe(d1).get()), (std::vector<long>{vorher[1], vorher[0]}));
-    (void)f1;
-    (void)f2;
 }
 
 TEST_F(AendernTest, KopierenMitAllenVerknuepfungenAlsLetztes) {

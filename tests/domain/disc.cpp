@@ -7,6 +7,7 @@
 
 #include "domain/Datenbank.h"
 #include "domain/Disc.h"
+#include "tests/domain/DomainUmgebung.h"
 #include "tests/support/DvdAbbild.h"
 #include "tests/support/FakeBenutzer.h"
 #include "tests/support/TempOrdner.h"
@@ -85,23 +86,17 @@ TEST(DiscGroesse, KlasseAnDerGrenze) {
     EXPECT_STREQ(groessenKlasse(0u, 2u), "DVD 9 oder DVD 18");
 }
 
-TEST(DiscLesen, OhneLaufwerkMinusDreiOhneZugriff) {
+TEST(DiscLesen, OhneLaufwerkOderMitUnbekanntemBuchstaben) {
     TestLaufwerke lw;
     lw.laufwerke = {{'D', "/dev/sr0", ""}};
     DiscInfo info;
     info.SN = 77;
+    // Without a drive: -3 and not one access.
     EXPECT_EQ(leseDiscInfo(lw, DiscQuelle{}, info), kDiscKeinLaufwerk);
-    EXPECT_EQ(lw.zugriffe, 0);
     EXPECT_EQ(info.SN, 77u);
     std::array<std::uint8_t, kDvdKopfGroesse> kopf{};
     EXPECT_FALSE(leseDvdKopf(lw, DiscQuelle{}, kopf));
     EXPECT_EQ(lw.zugriffe, 0);
-}
-
-TEST(DiscLesen, UnbekannterBuchstabe) {
-    TestLaufwerke lw;
-    lw.laufwerke = {{'D', "/dev/sr0", ""}};
-    DiscInfo info;
     EXPECT_EQ(leseDiscInfo(lw, DiscQuelle{'G', ""}, info), kDiscLesefehler);
     EXPECT_EQ(info.fehlerText, "Das Laufwerk G: ist nicht vorhanden.");
     EXPECT_STREQ(info.cRoot, "G:");
@@ -217,16 +212,8 @@ TEST_F(DiscAbbild, KatalogDvdFinden) {
     DiscInfo info;
     ASSERT_EQ(leseDiscInfo(lw, DiscQuelle{0, abbild}, info), kDiscOk);
 
-    KeinTrace trace;
-    SpeicherUmgebung umgebung;
-    umgebung.trace = &trace;
-    umgebung.datenOrdner = tmp / "Daten/";
-    echtesDateisystem().erzeugeOrdner(umgebung.datenOrdner);
-    Ordner ordner;
-    ordner.setzeBasis(tmp.pfad());
-    Datenbank db(umgebung, ordner);
-    ASSERT_TRUE(db.katalog().erzeugeDatenbank());
-
+    test::DomainUmgebung u;
+    Datenbank& db = *u.db;
     test::FakeBenutzer benutzer;
     EXPECT_EQ(findeDisc(db, benutzer, lw, DiscQuelle{0, abbild}).dvdId, 0);
     ASSERT_EQ(benutzer.meldungen.size(), 1u);
@@ -263,27 +250,22 @@ protected:
     WahlBenutzer benutzer;
 };
 
-TEST_F(DiscWahl, KeinLaufwerk) {
+TEST_F(DiscWahl, KeinLaufwerkUndEinLaufwerkDasUebernommenWird) {
     char b = 'E';
     EXPECT_FALSE(waehleLaufwerk(benutzer, lw, einstellungen, b));
     EXPECT_EQ(b, 'E');
-    ASSERT_EQ(benutzer.meldungen.size(), 1u);
-    EXPECT_EQ(benutzer.meldungen[0].text, "Kein DVD-Laufwerk gefunden.");
     EXPECT_EQ(gespeichertesLaufwerk(einstellungen), 0);
-}
-
-TEST_F(DiscWahl, EinLaufwerkWirdUebernommen) {
     lw.laufwerke = {{'D', "/dev/sr0", "Hersteller Typ"}};
-    char b = 0;
     EXPECT_TRUE(waehleLaufwerk(benutzer, lw, einstellungen, b));
     EXPECT_EQ(b, 'D');
     std::string text;
     ASSERT_TRUE(einstellungen.getText("DvdRom", text));
     EXPECT_EQ(text, "D");
-    ASSERT_EQ(benutzer.meldungen.size(), 1u);
-    EXPECT_EQ(benutzer.meldungen[0].titel, "CD/DVD-Laufwerk gefunden");
-    EXPECT_EQ(benutzer.meldungen[0].text, "Laufwerk D:\\ wurde übernommen.");
-    EXPECT_EQ(benutzer.meldungen[0].symbol, Symbol::Information);
+    ASSERT_EQ(benutzer.meldungen.size(), 2u);
+    EXPECT_EQ(benutzer.meldungen[0].text, "Kein DVD-Laufwerk gefunden.");
+    EXPECT_EQ(benutzer.meldungen[1].titel, "CD/DVD-Laufwerk gefunden");
+    EXPECT_EQ(benutzer.meldungen[1].text, "Laufwerk D:\\ wurde übernommen.");
+    EXPECT_EQ(benutzer.meldungen[1].symbol, Symbol::Information);
 }
 
 TEST_F(DiscWahl, MehrereZurAuswahl) {

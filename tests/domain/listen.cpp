@@ -123,7 +123,8 @@ TEST_F(ListenTest, FreigabeVomLetztenElementGibtDieGanzeListeFrei) {
 
 TEST_F(ListenTest, EntfernenAmKopfUndDesEinzigenElements) {
     const long box = u.box("Box");
-    const long d1 = u.dvd(box, "1"), d2 = u.dvd(box, "2");
+    u.dvd(box, "1");
+    const long d2 = u.dvd(box, "2");
     auto dvds = u.db->getDvdListe(box);
     u.db->delDvdElement(dvds, dvds.get());
     ASSERT_TRUE(dvds);
@@ -131,7 +132,6 @@ TEST_F(ListenTest, EntfernenAmKopfUndDesEinzigenElements) {
     EXPECT_EQ(dvds->pPrev, nullptr);
     u.db->delDvdElement(dvds, dvds.get());
     EXPECT_FALSE(dvds);
-    (void)d1;
 
     // The raw forms do nothing for a null head address, head or element.
     auto genres = u.db->getObjektListe(0, kTypGenre);
@@ -177,18 +177,14 @@ TEST_F(ListenTest, TypNamenUndListenDerTypen) {
         EXPECT_FALSE(getTypName(typ, false, name)) << typ;
     }
     EXPECT_EQ(name, "unberuehrt");
-    ASSERT_TRUE(getTypName(kTypVerpackung, false, name));
-    EXPECT_EQ(name, "Verpackungen");
-    ASSERT_TRUE(getTypName(kTypVerpackung, true, name));
-    EXPECT_EQ(name, "Verpackung");
-    getTypName(kTypGenre, false, name);
-    EXPECT_EQ(name, "Genre");
-    getTypName(kTypFunktion, false, name);
-    EXPECT_EQ(name, "Funktionen");
-    getTypName(kTypAlias, true, name);
-    EXPECT_EQ(name, "Alias");
-    getTypName(kTypPerson, false, name);
-    EXPECT_EQ(name, "Personen");
+    const std::tuple<int, bool, const char*> namen[] = {
+        {kTypVerpackung, false, "Verpackungen"}, {kTypVerpackung, true, "Verpackung"},
+        {kTypGenre, false, "Genre"},             {kTypFunktion, false, "Funktionen"},
+        {kTypAlias, true, "Alias"},              {kTypPerson, false, "Personen"}};
+    for (const auto& [typ, einzahl, erwartet] : namen) {
+        ASSERT_TRUE(getTypName(typ, einzahl, name)) << typ;
+        EXPECT_EQ(name, erwartet);
+    }
     EXPECT_STREQ(objektTypName(kObjektDvd), "Dvd");
     EXPECT_STREQ(objektTypName(4), "unbekannt");
 
