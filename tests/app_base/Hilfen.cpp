@@ -99,10 +99,8 @@ TEST(Sortieren, NodesByTheirSixteenBitValueAsUnsigned) {
     for (ListenElement* e = kopf; e; e = e->pNext) gesehen.push_back(e->sWert);
     EXPECT_EQ(gesehen, (std::vector<int>{1, 5, 300, 32768, 65535}));
     EXPECT_EQ(kopf->pPrev, nullptr);
-}
 
-TEST(Sortieren, OneElementComesBackUnchangedAndNullStaysNull) {
-    KeinTrace still;
+    // One element comes back unchanged, and null stays null.
     ListenElement eins{};
     eins.sWert = 7;
     EXPECT_EQ(sortUrObjektListe(&eins, still), &eins);
@@ -112,29 +110,20 @@ TEST(Sortieren, OneElementComesBackUnchangedAndNullStaysNull) {
 }
 
 TEST(Dateiname, ForbiddenCharactersBecomeUnderscores) {
-    std::string a = "a/b:c?.txt";
-    bereinigeDateiname(a);
-    EXPECT_EQ(a, "a_b_c__txt");
-    std::string alle = "\\/:*?.,'\"<>|";
-    bereinigeDateiname(alle);
-    EXPECT_EQ(alle, std::string(12, '_'));
-    std::string rest = "Über-Box (1) & Co; 100%";
-    bereinigeDateiname(rest);
-    EXPECT_EQ(rest, "Über-Box (1) & Co; 100%");
-    std::string mitNull("a\0b.", 4);
-    bereinigeDateiname(mitNull);
-    EXPECT_EQ(mitNull, std::string("a\0b_", 4));
+    const std::pair<std::string, std::string> faelle[] = {
+        {"a/b:c?.txt", "a_b_c__txt"},
+        {"\\/:*?.,'\"<>|", std::string(12, '_')},
+        {"Über-Box (1) & Co; 100%", "Über-Box (1) & Co; 100%"},
+        {std::string("a\0b.", 4), std::string("a\0b_", 4)}};
+    for (auto [name, erwartet] : faelle) {
+        bereinigeDateiname(name);
+        EXPECT_EQ(name, erwartet);
+    }
 }
 
 TEST(Einheiten, SizeLabels) {
-    EXPECT_STREQ(groessenEinheit(0), "> TB");
-    EXPECT_STREQ(groessenEinheit(1), "Bytes");
-    EXPECT_STREQ(groessenEinheit(2), "KB");
-    EXPECT_STREQ(groessenEinheit(3), "MB");
-    EXPECT_STREQ(groessenEinheit(4), "GB");
-    EXPECT_STREQ(groessenEinheit(5), "TB");
-    EXPECT_STREQ(groessenEinheit(6), "> TB");
-    EXPECT_STREQ(groessenEinheit(-1), "> TB");
+    const char* erwartet[] = {"> TB", "> TB", "Bytes", "KB", "MB", "GB", "TB", "> TB"};
+    for (int i = -1; i <= 6; ++i) EXPECT_STREQ(groessenEinheit(i), erwartet[i + 1]) << i;
 }
 
 TEST(Datum, StampForms) {

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <filesystem>
 
 #include "tests/support/FesteUhr.h"
 #include "tests/support/FehlerDateisystem.h"
@@ -42,15 +44,11 @@ TEST_F(ProtokollTest, LineCarriesTheTimeStamp) {
     EXPECT_EQ(Protokoll::zeitstempel(), "<05.03.2007 14:07:09>");
 }
 
-TEST_F(ProtokollTest, MaskZeroWritesNoFile) {
+TEST_F(ProtokollTest, MaskZeroWritesNoFileAndACombinedMaskNeedsEveryBit) {
     DV_TRACE(p, kTraceTabelle, "x");
     p.zeile(kTraceSpeicher, "y");
     p.zeile(kTraceDetail16 | kTraceDetail32, "z");
-    EXPECT_FALSE(gibtEs(p.logPfad()));
     EXPECT_TRUE(dateien().empty());
-}
-
-TEST_F(ProtokollTest, CombinedMaskNeedsEveryBit) {
     for (unsigned maske : {2u, 8u, 16u, 0u}) {
         p.setzeMaske(maske);
         p.zeile(10, "zehn");
@@ -65,7 +63,7 @@ TEST_F(ProtokollTest, CombinedMaskNeedsEveryBit) {
     EXPECT_EQ(log(), std::string(kStempel) + "zehn\n" + kStempel + "zwei\n" + kStempel + "alles\n");
 }
 
-TEST_F(ProtokollTest, LineCrossingTheLimitGoesIntoTheBackup) {
+TEST_F(ProtokollTest, RollsOverOnlyWhenALineCrossesTheLimit) {
     p.setzeMaske(2);
     const std::string zeile = std::string(kStempel) + "ueber die Grenze\n";
     schreibeDatei(p.logPfad(), std::string(kTraceMaxGroesse - 5, 'a'));
@@ -84,12 +82,10 @@ TEST_F(ProtokollTest, LineCrossingTheLimitGoesIntoTheBackup) {
     EXPECT_EQ(bak2.find('a'), std::string::npos);
     EXPECT_TRUE(bak2.ends_with(std::string(kStempel) + "wieder\n"));
     EXPECT_EQ(dateien(), (std::vector<std::string>{"zelka.bak"}));
-}
 
-TEST_F(ProtokollTest, ReachingTheLimitExactlyDoesNotRoll) {
-    p.setzeMaske(2);
-    const std::string zeile = std::string(kStempel) + "genau\n";
-    schreibeDatei(p.logPfad(), std::string(kTraceMaxGroesse - zeile.size(), 'a'));
+    // Reaching the limit exactly does not roll; the next line does.
+    schreibeDatei(p.logPfad(), std::string(kTraceMaxGroesse - std::strlen(kStempel) - 6, 'a'));
+    std::filesystem::remove(p.backupPfad());
     p.zeile(2, "genau");
     EXPECT_EQ(log().size(), static_cast<std::size_t>(kTraceMaxGroesse));
     EXPECT_FALSE(gibtEs(p.backupPfad()));
@@ -119,7 +115,7 @@ TEST_F(ProtokollTest, OverlongLineIsCutButKeepsItsLineEnd) {
     EXPECT_EQ(l.substr(ende + 1), std::string(kStempel) + "danach\n");
 }
 
-TEST_F(ProtokollTest, UnopenableLogDropsTheLineSilently) {
+TEST_F(ProtokollTest, UnopenableLogDropsTheLineAndAnUncreatableFolderFallsBackToTheDrive) {
     FehlerDateisystem fs;
     fs.sperre = "zelka";
     Protokoll q(fs);
@@ -127,28 +123,22 @@ TEST_F(ProtokollTest, UnopenableLogDropsTheLineSilently) {
     q.setzeMaske(2);
     q.zeile(2, "weg");
     EXPECT_FALSE(gibtEs(tmp / "sub/zelka.log"));
-}
-
-TEST_F(ProtokollTest, LogPathWithAndWithoutExtension) {
-    EXPECT_EQ(p.logPfad(), tmp / "zelka.log");
-    EXPECT_EQ(p.backupPfad(), tmp / "zelka.bak");
-    p.setzeLogPfad(tmp / "spur.txt");
-    EXPECT_EQ(p.logPfad(), tmp / "spur.txt");
-    EXPECT_EQ(p.backupPfad(), tmp / "spur.bak");
-    // A dot in a folder name is not an extension; the missing folder is created.
-    p.setzeLogPfad(tmp / "a.b/c/zelka");
-    EXPECT_EQ(p.logPfad(), tmp / "a.b/c/zelka.log");
-    EXPECT_EQ(p.backupPfad(), tmp / "a.b/c/zelka.bak");
-    EXPECT_TRUE(echtesDateisystem().istOrdner(tmp / "a.b/c"));
-}
-
-TEST_F(ProtokollTest, UncreatableLogFolderFallsBackToTheDrive) {
-    FehlerDateisystem fs;
     fs.sperre = "gesperrt";
-    Protokoll q(fs);
     q.setzeLogPfad(tmp / "gesperrt/zelka.log");
     EXPECT_EQ(q.logPfad(), "C:\\zelka.log");
     EXPECT_EQ(q.backupPfad(), "C:\\zelka.bak");
+}
+
+TEST_F(ProtokollTest, LogPathWithAndWithoutExtension) {
+    // A dot in a folder name is not an extension; the missing folder is created.
+    for (const auto& [ein, log, bak] : {std::array<const char*, 3>{"zelka", "zelka.log", "zelka.bak"},
+                                        {"spur.txt", "spur.txt", "spur.bak"},
+                                        {"a.b/c/zelka", "a.b/c/zelka.log", "a.b/c/zelka.bak"}}) {
+        p.setzeLogPfad(tmp / ein);
+        EXPECT_EQ(p.logPfad(), tmp / log);
+        EXPECT_EQ(p.backupPfad(), tmp / bak);
+    }
+    EXPECT_TRUE(echtesDateisystem().istOrdner(tmp / "a.b/c"));
 }
 
 TEST_F(ProtokollTest, MessagesAreAppendedWithoutTimeStamp) {
