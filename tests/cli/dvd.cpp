@@ -5,15 +5,14 @@
 #include <cstring>
 
 #include "storage/Katalog.h"
+#include "tests/cli/CliProgramm.h"
 #include "tests/support/DvdAbbild.h"
-#include "tests/support/Prozess.h"
-#include "tests/support/TempOrdner.h"
 
 using namespace dv::test;
 
 namespace {
 
-class CliDvd : public ::testing::Test {
+class CliDvd : public ::testing::Test, protected CliProgramm {
 protected:
     void SetUp() override {
         if (!abbildWerkzeugeDa()) GTEST_SKIP() << "genisoimage oder udfinfo fehlt";
@@ -25,11 +24,10 @@ protected:
         ASSERT_FALSE(abbild.empty());
     }
     Lauf dvd(std::vector<std::string> argumente) {
-        argumente.insert(argumente.begin(), {"--basis", tmp / "x", "dvd"});
-        return cli(argumente, tmp / "cfg");
+        argumente.insert(argumente.begin(), "dvd");
+        return run(argumente);
     }
 
-    TempOrdner tmp;
     std::string abbild;
 };
 
@@ -58,7 +56,7 @@ TEST_F(CliDvd, ErkennenFindetDieDvdDesKatalogs) {
         dv::KeinTrace trace;
         dv::SpeicherUmgebung u;
         u.trace = &trace;
-        u.datenOrdner = tmp / "x/Daten/";
+        u.datenOrdner = basis + "Daten/";
         dv::Katalog k(u);
         dv::Zeile9 z{};
         std::strcpy(z.cpText, "M\xFC" "de Helden");  // catalogue text, Windows-1252

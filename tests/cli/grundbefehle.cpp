@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "app/base/Zeichensatz.h"
-#include "tests/support/Prozess.h"
-#include "tests/support/TempOrdner.h"
+#include "tests/cli/CliProgramm.h"
 
 using namespace dv::test;
 
@@ -46,6 +45,7 @@ TEST(CliGrundbefehle, JedeHilfeIstUtf8) {
         ASSERT_EQ(lauf.code, 0) << lauf.err;
         std::string cp1252;
         EXPECT_TRUE(dv::utf8NachCp1252(lauf.aus, cp1252)) << lauf.aus;
+        EXPECT_TRUE(!pfad.empty() || lauf.aus.find("Aufruf: dorvano-cli") != std::string::npos);
         ++gesehen;
         if (pfad.size() < 2)
             for (const std::string& b : befehleDerHilfe(lauf.aus)) {
@@ -57,21 +57,21 @@ TEST(CliGrundbefehle, JedeHilfeIstUtf8) {
 }
 
 TEST(CliGrundbefehle, InitLegtTabellenUndOrdnerAn) {
-    TempOrdner tmp;
-    const Lauf lauf = cli({"--basis", tmp / "x", "init"}, tmp / "cfg");
+    CliProgramm p;
+    const Lauf lauf = p.run({"init"});
     EXPECT_EQ(lauf.code, 0) << lauf.err;
     EXPECT_EQ(lauf.aus, "4.0.0.1 - 20070406\n");
-    EXPECT_EQ(anzahlDateien(tmp / "x/Daten"), 32);
+    EXPECT_EQ(anzahlDateien(p.basis + "Daten"), 32);
     for (const char* o : {"Daten", "Cover", "Kommentar", "Inhalt", "Reste", "Meldungen", "Vorlagen",
                           "Tags", "Backups", "Updates", "Ocl"})
-        EXPECT_TRUE(std::filesystem::is_directory(tmp / "x/" + o)) << o;
+        EXPECT_TRUE(std::filesystem::is_directory(p.basis + o)) << o;
     // The settings store is not created by a run that only reads.
-    EXPECT_FALSE(gibtEs(tmp / "cfg/Tormel/DORVANO.conf"));
+    EXPECT_FALSE(gibtEs(p.tmp / "cfg/Tormel/DORVANO.conf"));
 
     // A second run changes nothing: still one "Darsteller", same files.
-    const std::string funktionen = leseDatei(tmp / "x/Daten/Funktion.dat");
-    EXPECT_EQ(cli({"--basis", tmp / "x", "init"}, tmp / "cfg").code, 0);
-    EXPECT_EQ(leseDatei(tmp / "x/Daten/Funktion.dat"), funktionen);
+    const std::string funktionen = leseDatei(p.basis + "Daten/Funktion.dat");
+    EXPECT_EQ(p.run({"init"}).code, 0);
+    EXPECT_EQ(leseDatei(p.basis + "Daten/Funktion.dat"), funktionen);
     EXPECT_EQ(funktionen.size(), 2u * 132u);
 }
 
@@ -86,61 +86,46 @@ TEST(CliGrundbefehle, BasisAusUmgebungUndVersionszeilen) {
 }
 
 TEST(CliGrundbefehle, FremdeDatenversionEndetMitCode3) {
-    TempOrdner tmp;
-    ASSERT_EQ(cli({"--basis", tmp / "x", "init"}, tmp / "cfg").code, 0);
+    CliProgramm p;
+    ASSERT_EQ(p.run({"init"}).code, 0);
     // Slot 1 of the version table: live id word, then 3.9.0.0 and a date.
     std::string satz(28, '\0');
     const unsigned char kopf[] = {1, 0, 0, 0x80, 3, 0, 0, 0, 9, 0, 0, 0};
     satz.replace(0, sizeof kopf, reinterpret_cast<const char*>(kopf), sizeof kopf);
     satz.replace(20, 8, "20010101");
-    schreibeDatei(tmp / "x/Daten/DatenVersion.dat", satz);
+    schreibeDatei(p.basis + "Daten/DatenVersion.dat", satz);
 
-    const Lauf lauf = cli({"--basis", tmp / "x", "init"}, tmp / "cfg");
-    EXPECT_EQ(lauf.code, 3);
-    EXPECT_NE(lauf.err.find("### Falsche Datenversion ###: Die Datenversion ist inkompatibel\nIST\t: "
-                            "3.9.0.0 - 20010101\nSOLL\t: 4.0.0.1 - 20070406"),
-              std::string::npos)
-        << lauf.err;
-    const std::string protokoll = leseDatei(tmp / "x/Meldungen/datenversion.log");
-    EXPECT_NE(protokoll.find("Ist  : 3.9.0.0 - 20010101\nSoll : 4.0.0.1 - 20070406\n\n"
-                             "### Falsche Datenversion entdeckt ###\n"),
+    EXPECT_TRUE(meldet(p.run({"init"}), 3,
+                       "### Falsche Datenversion ###: Die Datenversion ist inkompatibel\nIST\t: "
+                       "3.9.0.0 - 20010101\nSOLL\t: 4.0.0.1 - 20070406"));
+    EXPECT_NE(leseDatei(p.basis + "Meldungen/datenversion.log").find("### Falsche Datenversion entdeckt"),
               std::string::npos);
 
-    const Lauf version = cli({"--basis", tmp / "x", "version"}, tmp / "cfg");
+    const Lauf version = p.run({"version"});
     EXPECT_EQ(version.code, 3);
     EXPECT_EQ(version.aus, "Ist  : 3.9.0.0 - 20010101\nSoll : 4.0.0.1 - 20070406\n");
 }
 
 TEST(CliGrundbefehle, FalscheAufrufeUndUnbrauchbarerOrdner) {
-    TempOrdner tmp;
-    Lauf lauf = cli({"--basis", tmp / "x", "gibtsnicht"}, tmp / "cfg");
-    EXPECT_EQ(lauf.code, 2);
-    EXPECT_NE(lauf.err.find("Falscher Aufruf"), std::string::npos);
-
-    lauf = cli({"--basis", tmp / "x", "init", "\xCE\xA9"}, tmp / "cfg");  // Ω
+    CliProgramm p;
+    EXPECT_TRUE(meldet(p.run({"gibtsnicht"}), 2, "Falscher Aufruf"));
+    const Lauf lauf = p.run({"init", "\xCE\xA9"});  // Ω
     EXPECT_EQ(lauf.code, 2);
     EXPECT_EQ(lauf.err, "Zeichen nicht darstellbar: \xCE\xA9\n");
-
-    lauf = cli({"--basis", tmp / "x", "--trace", "zwei", "init"}, tmp / "cfg");
-    EXPECT_EQ(lauf.code, 2);
+    EXPECT_EQ(p.run({"--trace", "zwei", "init"}).code, 2);
 
     // A program folder below a plain file cannot be created.
-    schreibeDatei(tmp / "datei", "x");
-    lauf = cli({"--basis", tmp / "datei/unter", "init"}, tmp / "cfg");
-    EXPECT_EQ(lauf.code, 1);
-    EXPECT_NE(lauf.err.find("kann nicht angelegt werden."), std::string::npos) << lauf.err;
-
-    lauf = cli({"--help"}, tmp / "cfg");
-    EXPECT_EQ(lauf.code, 0);
-    EXPECT_NE(lauf.aus.find("Aufruf: dorvano-cli"), std::string::npos);
+    schreibeDatei(p.tmp / "datei", "x");
+    EXPECT_TRUE(meldet(cli({"--basis", p.tmp / "datei/unter", "init"}, p.tmp / "cfg"), 1,
+                       "kann nicht angelegt werden."));
 }
 
 TEST(CliGrundbefehle, TraceMaskeSchreibtZelkaLog) {
-    TempOrdner tmp;
-    ASSERT_EQ(cli({"--basis", tmp / "x", "--trace", "2", "init"}, tmp / "cfg").code, 0);
-    const std::string log = leseDatei(tmp / "x/zelka.log");
+    CliProgramm p, ohne;
+    ASSERT_EQ(p.run({"--trace", "2", "init"}).code, 0);
+    const std::string log = leseDatei(p.basis + "zelka.log");
     EXPECT_NE(log.find(">: Datenbank erzeugen\n"), std::string::npos);
     EXPECT_NE(log.find("inserted cpText [Darsteller] into Funktion"), std::string::npos);
-    ASSERT_EQ(cli({"--basis", tmp / "y", "init"}, tmp / "cfg").code, 0);
-    EXPECT_FALSE(gibtEs(tmp / "y/zelka.log"));
+    ASSERT_EQ(ohne.run({"init"}).code, 0);
+    EXPECT_FALSE(gibtEs(ohne.basis + "zelka.log"));
 }

@@ -4,11 +4,8 @@
 
 #include <filesystem>
 
-#include "app/CApplikation.h"
 #include "interchange/BoxLeser.h"
-#include "tests/support/FakeBenutzer.h"
-#include "tests/support/Prozess.h"
-#include "tests/support/TempOrdner.h"
+#include "tests/cli/CliProgramm.h"
 
 using namespace dv;
 using namespace dv::test;
@@ -17,27 +14,24 @@ namespace {
 
 // A program folder with two boxes: "Tür & Tor" (EAN 4711, packaging "Amaray",
 // one DVD with a film in the genre "Krimi") and "Zweite" (EAN 815).
-struct CliKatalog {
+struct CliKatalog : CliProgramm {
     CliKatalog() {
-        FakeBenutzer nutzer;
-        Einstellungen e(tmp / "intern.conf");
-        CApplikation app(nutzer, e);
-        EXPECT_TRUE(app.starte(basis));
-        Datenbank& db = app.db();
-        box = db.neueBox("4711", "Tür & Tor", db.neuesLookup(kTypVerpackung, "Amaray"));
-        const long dvd = db.neueDvd(box, Zeile9{});
-        const long film = db.neuerFilm(dvd, "Der Film", 12, 90, 2001);
-        db.schreibeFilmObjekte(film, kTypGenre, {db.neuesLookup(kTypGenre, "Krimi")});
-        db.neueBox("815", "Zweite", 0);
-        schreibeDatei(basis + "/Cover/" + std::to_string(box) + ".jpg", "JPEGDATEN");
+        mitApp([&](CApplikation& app, FakeBenutzer&, Einstellungen&) {
+            Datenbank& db = app.db();
+            box = db.neueBox("4711", "Tür & Tor", db.neuesLookup(kTypVerpackung, "Amaray"));
+            const long dvd = db.neueDvd(box, Zeile9{});
+            const long film = db.neuerFilm(dvd, "Der Film", 12, 90, 2001);
+            db.schreibeFilmObjekte(film, kTypGenre, {db.neuesLookup(kTypGenre, "Krimi")});
+            db.neueBox("815", "Zweite", 0);
+        });
+        schreibeDatei(basis + "Cover/" + std::to_string(box) + ".jpg", "JPEGDATEN");
     }
-    Lauf run(std::vector<std::string> args, const std::string& eingabe = std::string()) {
-        args.insert(args.begin(), {"--basis", basis});
-        return cli(args, tmp / "cfg", eingabe);
-    }
-    TempOrdner tmp;
-    std::string basis = tmp / "basis";
     long box = 0;
+};
+
+// An empty program folder, made by dorvano-cli itself.
+struct LeeresProgramm : CliProgramm {
+    LeeresProgramm() { EXPECT_EQ(run({"init"}).code, 0); }
 };
 
 // The packaging name and the genres that a box file carries.
@@ -66,10 +60,8 @@ TEST(CliInterchange, ExportierenUndWiederImportieren) {
     EXPECT_EQ(namenIn(ziel + "/4711.box"), "Amaray;Krimi;");
 
     // The file exists: replaced only after Yes.
-    l = k.run({"exportieren", "--ohne-kompression", std::to_string(k.box), ziel});
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("Warnung: Die Exportdatei existiert bereits.\n\xC3\x9C" "berschreiben? -> Nein"),
-              std::string::npos) << l.err;
+    EXPECT_TRUE(meldet(k.run({"exportieren", "--ohne-kompression", std::to_string(k.box), ziel}), 1,
+                       "Warnung: Die Exportdatei existiert bereits.\n\xC3\x9C" "berschreiben? -> Nein"));
     EXPECT_EQ(leseDatei(ziel + "/4711.box"), datei);
     l = k.run({"--ja", "exportieren", "--ohne-kompression", std::to_string(k.box), ziel});
     EXPECT_EQ(l.code, 0) << l.err;
@@ -83,19 +75,16 @@ TEST(CliInterchange, ExportierenUndWiederImportieren) {
     CliKatalog zweite;
     const std::string kopie = k.tmp / "kopie.box";
     std::filesystem::copy_file(ziel + "/4711.box", kopie);
-    l = zweite.run({"importieren", kopie});
-    EXPECT_EQ(l.code, 1);  // EAN 4711 is there already
-    EXPECT_NE(l.err.find("Import-Fehler: Eine Box mit dieser EAN [4711]\nexistiert bereits im System.\n"
-                         "{\"T\xC3\xBCr & Tor\"}"),
-              std::string::npos) << l.err;
-    TempOrdner leer;
-    const Lauf init = cli({"--basis", leer / "b", "init"}, leer / "cfg");
-    ASSERT_EQ(init.code, 0);
-    l = cli({"--basis", leer / "b", "importieren", kopie}, leer / "cfg");
+    // EAN 4711 is there already.
+    EXPECT_TRUE(meldet(zweite.run({"importieren", kopie}), 1,
+                       "Import-Fehler: Eine Box mit dieser EAN [4711]\nexistiert bereits im System.\n"
+                       "{\"T\xC3\xBCr & Tor\"}"));
+    LeeresProgramm leer;
+    l = leer.run({"importieren", kopie});
     EXPECT_EQ(l.code, 0) << l.err;
     EXPECT_EQ(l.aus, "1\n");
-    EXPECT_EQ(leseDatei(leer / "b/Cover/1.jpg"), "JPEGDATEN");
-    EXPECT_TRUE(gibtEs(leer / "b/Meldungen/import_4711.log"));
+    EXPECT_EQ(leseDatei(leer.basis + "Cover/1.jpg"), "JPEGDATEN");
+    EXPECT_TRUE(gibtEs(leer.basis + "Meldungen/import_4711.log"));
 }
 
 TEST(CliInterchange, ImportierenMitFragenUndKaputteDatei) {
@@ -103,28 +92,20 @@ TEST(CliInterchange, ImportierenMitFragenUndKaputteDatei) {
     const std::string ziel = k.tmp / "ziel";
     std::filesystem::create_directory(ziel);
     ASSERT_EQ(k.run({"exportieren", std::to_string(k.box), ziel}).code, 0);
-    TempOrdner t;
-    ASSERT_EQ(cli({"--basis", t / "b", "init"}, t / "cfg").code, 0);
+    LeeresProgramm t;
     // Not a terminal and no --ja: the box question is answered No.
-    Lauf l = cli({"--basis", t / "b", "importieren", "--bestaetigen", ziel + "/4711.box"}, t / "cfg");
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("Box importieren ?: Soll die folgende Box importiert werden:\n{\"T\xC3\xBCr & Tor\"}\n"
-                         "Anzahl DVDs: 1\nEAN: 4711"),
-              std::string::npos) << l.err;
-    EXPECT_NE(l.err.find("-> Nein"), std::string::npos);
+    Lauf l = t.run({"importieren", "--bestaetigen", ziel + "/4711.box"});
+    EXPECT_TRUE(meldet(l, 1, "Box importieren ?: Soll die folgende Box importiert werden:\n{\"T\xC3\xBCr & Tor\"}\n"
+                             "Anzahl DVDs: 1\nEAN: 4711"));
+    EXPECT_TRUE(meldet(l, 1, "-> Nein"));
     // Every unknown name asked: the first dialog ends the import ("Beenden").
-    l = cli({"--basis", t / "b", "importieren", "--fragen", ziel + "/4711.box"}, t / "cfg");
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("Neues Objekt best\xC3\xA4tigen...: Das folgende zu importierende Objekt ist noch unbekannt:"),
-              std::string::npos) << l.err;
-    EXPECT_NE(l.err.find("Der Import wurde abgebrochen."), std::string::npos);
-    l = cli({"--basis", t / "b", "--ja", "importieren", "--fragen", ziel + "/4711.box"}, t / "cfg");
-    EXPECT_EQ(l.code, 0) << l.err;
+    l = t.run({"importieren", "--fragen", ziel + "/4711.box"});
+    EXPECT_TRUE(meldet(l, 1, "Neues Objekt best\xC3\xA4tigen...: Das folgende zu importierende Objekt ist noch unbekannt:"));
+    EXPECT_TRUE(meldet(l, 1, "Der Import wurde abgebrochen."));
+    EXPECT_EQ(t.run({"importieren", "--fragen", ziel + "/4711.box"}, "", true).code, 0);
 
-    schreibeDatei(t / "kaputt.box", "ZELKA4.0 und dann nichts");
-    l = cli({"--basis", t / "b", "importieren", t / "kaputt.box"}, t / "cfg");
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("ist keine Box-Datei."), std::string::npos) << l.err;
+    schreibeDatei(t.tmp / "kaputt.box", "ZELKA4.0 und dann nichts");
+    EXPECT_TRUE(meldet(t.run({"importieren", t.tmp / "kaputt.box"}), 1, "ist keine Box-Datei."));
 }
 
 TEST(CliInterchange, AlleExportierenUndStapelImport) {
@@ -137,11 +118,8 @@ TEST(CliInterchange, AlleExportierenUndStapelImport) {
               "Exportiere Box 1 von 2\n4711.box\n{T\xC3\xBCr & Tor}\nNicht exportierte Boxen: 0\n"
               "Exportiere Box 2 von 2\n815.box\n{Zweite}\nNicht exportierte Boxen: 0\n");
     schreibeDatei(ziel + "/kaputt.box", "nichts");
-    TempOrdner t;
-    ASSERT_EQ(cli({"--basis", t / "b", "init"}, t / "cfg").code, 0);
-    l = cli({"--basis", t / "b", "stapel-import", "--ohne-info", ziel + "/4711.box", ziel + "/kaputt.box",
-             ziel + "/815.box"},
-            t / "cfg");
+    LeeresProgramm t;
+    l = t.run({"stapel-import", "--ohne-info", ziel + "/4711.box", ziel + "/kaputt.box", ziel + "/815.box"});
     EXPECT_EQ(l.code, 1);
     EXPECT_EQ(l.aus, ziel + "/4711.box\timportiert\n" + ziel + "/kaputt.box\tnicht importiert\n" + ziel +
                          "/815.box\timportiert\n");
@@ -191,10 +169,8 @@ TEST(CliInterchange, FilterBefehleUndIhreWirkung) {
               std::string::npos);
     EXPECT_EQ(k.run({"filter", "aktiv", "xml", "5"}).code, 2);
 
-    l = k.run({"filter", "loeschen", "1"});
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("L\xC3\xB6schen: Filter \"Englisch (UK)\" wirklich l\xC3\xB6schen? -> Nein"), std::string::npos)
-        << l.err;
+    EXPECT_TRUE(meldet(k.run({"filter", "loeschen", "1"}), 1,
+                       "L\xC3\xB6schen: Filter \"Englisch (UK)\" wirklich l\xC3\xB6schen? -> Nein"));
     EXPECT_EQ(k.run({"--ja", "filter", "loeschen", "1"}).code, 0);
     EXPECT_EQ(k.run({"filter", "liste"}).aus, "");
     // The deleted filter no longer translates.

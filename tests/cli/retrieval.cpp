@@ -8,8 +8,7 @@
 #include "app/base/Optionen.h"
 #include "app/base/Ordner.h"
 #include "domain/Datenbank.h"
-#include "tests/support/Prozess.h"
-#include "tests/support/TempOrdner.h"
+#include "tests/cli/CliProgramm.h"
 
 using namespace dv;
 using namespace dv::test;
@@ -17,7 +16,7 @@ using namespace dv::test;
 namespace {
 
 // A program folder with a small catalogue written in-process before the runs.
-class CliRetrieval : public ::testing::Test {
+class CliRetrieval : public ::testing::Test, protected CliProgramm {
   protected:
     void SetUp() override {
         ASSERT_EQ(lauf({"init"}).code, 0);
@@ -30,13 +29,8 @@ class CliRetrieval : public ::testing::Test {
         dvd = db->neueDvd(box, d);
         abend = film("Abend", 2001, "Drama");
         krabbe = film("Krabbe", 1999, "Drama");
-        labyrinth = film("Labyrinth", 2005,
-                         "Kom\xf6"
-                         "die");
-        grab = film(
-            "\xdc"
-            "ber das Grab",
-            2010, "Dramaserie");
+        labyrinth = film("Labyrinth", 2005, "Kom\xf6" "die");
+        grab = film("\xdc" "ber das Grab", 2010, "Dramaserie");
     }
     long film(const char* titel, int jahr, const char* genre) {
         const long f = db->neuerFilm(dvd, titel, 12, 90, jahr);
@@ -45,14 +39,9 @@ class CliRetrieval : public ::testing::Test {
         EXPECT_TRUE(db->schreibeFilmObjekte(f, kTypGenre, {g}));
         return f;
     }
-    Lauf lauf(std::vector<std::string> args, const std::string& eingabe = "") {
-        args.insert(args.begin(), {"--basis", basis});
-        return cli(args, tmp / "cfg", eingabe);
-    }
+    Lauf lauf(const std::vector<std::string>& args) { return run(args); }
     std::string id(long v) const { return std::to_string(v); }
 
-    TempOrdner tmp;
-    std::string basis = tmp / "x";
     Ordner ordner;
     SpeicherUmgebung su;
     std::unique_ptr<Datenbank> db;
@@ -65,15 +54,9 @@ TEST_F(CliRetrieval, SuchenGibtTrefferUndStatus) {
     Lauf l = lauf({"suchen", "Film", "Titel", "=", "*ab*", "UND", "Genre", "=", "Drama*", "UND",
                    "Jahr", ">=", "2000"});
     EXPECT_EQ(l.code, 0) << l.err;
-    EXPECT_EQ(l.aus, "Film\t" + id(abend) +
-                         "\tAbend\tTitel: <Abend> Genre: <Drama> Jahr: <2001> \n"
-                         "Film\t" +
-                         id(grab) +
-                         "\t\xc3\x9c"
-                         "ber das Grab\tTitel: <\xc3\x9c"
-                         "ber das Grab> "
-                         "Genre: <Dramaserie> Jahr: <2010> \n"
-                         "Filme: 2 Treffer\n");
+    EXPECT_EQ(l.aus, "Film\t" + id(abend) + "\tAbend\tTitel: <Abend> Genre: <Drama> Jahr: <2001> \n" +
+                         "Film\t" + id(grab) + "\t\xc3\x9c" "ber das Grab\tTitel: <\xc3\x9c" "ber das Grab> "
+                         "Genre: <Dramaserie> Jahr: <2010> \nFilme: 2 Treffer\n");
 
     l = lauf({"suchen", "--json", "Box", "EAN", "!=", "1"});
     ASSERT_EQ(l.code, 0) << l.err;
@@ -127,19 +110,16 @@ TEST_F(CliRetrieval, SucheSpeichernUndAusDateiSuchen) {
                          "\tKrabbe\tGenre: <Drama> Titel: <Krabbe> \nFilme: 1 Treffer\n");
 
     // An existing file is replaced only after Yes.
-    l = lauf({"suche-speichern", datei, "Box", "EAN", "=", "1"});
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("Warnung: Die Datei existiert bereits."), std::string::npos);
+    EXPECT_TRUE(meldet(lauf({"suche-speichern", datei, "Box", "EAN", "=", "1"}), 1,
+                       "Warnung: Die Datei existiert bereits."));
     EXPECT_NE(leseDatei(datei).find("Drama"), std::string::npos);
-    l = lauf({"--ja", "suche-speichern", datei, "Box", "EAN", "=", "1"});
-    EXPECT_EQ(l.code, 0);
+    EXPECT_EQ(lauf({"--ja", "suche-speichern", datei, "Box", "EAN", "=", "1"}).code, 0);
     EXPECT_EQ(leseDatei(datei).find("Drama"), std::string::npos);
 
     schreibeDatei(datei, "@V1.0\n3\t1\t1\t2\tA*\t\n");
     l = lauf({"suchen", "--datei", datei});
-    EXPECT_EQ(l.code, 1);
+    EXPECT_TRUE(meldet(l, 1, "Versionsfehler: IST-Version:\tV1.0"));
     EXPECT_EQ(l.aus, "");
-    EXPECT_NE(l.err.find("Versionsfehler: IST-Version:\tV1.0"), std::string::npos);
     EXPECT_EQ(lauf({"suchen", "--datei", tmp / "fehlt.asc"}).code, 1);
 }
 
@@ -154,9 +134,7 @@ TEST_F(CliRetrieval, TagsSetzenZeigenSuchenEntfernen) {
     l = lauf({"tags", "suchen", "--objekt", "film", "dvd"});
     EXPECT_EQ(l.aus, "Film\t" + id(abend) + "\tAbend\tSammler-DVD\nGefundene Tags: 1\n");
 
-    l = lauf({"tags", "entfernen-alle", id(box)});
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("ihrer Filme entfernt werden? -> Nein"), std::string::npos);
+    EXPECT_TRUE(meldet(lauf({"tags", "entfernen-alle", id(box)}), 1, "ihrer Filme entfernt werden? -> Nein"));
     EXPECT_EQ(lauf({"--ja", "tags", "entfernen-alle", id(box)}).code, 0);
     EXPECT_EQ(lauf({"tags", "suchen", "dvd"}).aus, "Gefundene Tags: 0\n");
 
@@ -174,8 +152,7 @@ TEST_F(CliRetrieval, Stempeltags) {
     EXPECT_EQ(lauf({"stempeltags", "liste"}).aus,
               nurFilm + "\tF\tverliehen\n2\tBD\tBox oder DVD\n");
 
-    l = lauf({"stempeltags", "anwenden", nurFilm, "box", id(box)});
-    EXPECT_EQ(l.code, 1);
+    EXPECT_EQ(lauf({"stempeltags", "anwenden", nurFilm, "box", id(box)}).code, 1);
     EXPECT_EQ(lauf({"tags", "zeigen", "box", id(box)}).aus, "");
     EXPECT_EQ(lauf({"stempeltags", "anwenden", nurFilm, "film", id(krabbe)}).code, 0);
     EXPECT_EQ(lauf({"tags", "zeigen", "film", id(krabbe)}).aus, "verliehen\n");
@@ -239,25 +216,19 @@ TEST_F(CliRetrieval, VormerkDateienExportUndImport) {
     ASSERT_EQ(lauf({"vormerk", "hinzu", a, "dvd", id(dvd)}).code, 0);
     const std::string datei = tmp / "Vormerklisten.vml";
     ASSERT_EQ(lauf({"vormerk", "export", datei, a}).code, 0);
-    EXPECT_EQ(leseDatei(datei),
-              "@V1.1\r\n# N=<Bezeichner>\r\n# <Typ>\t<Box-EAN>\t<Titel>\r\n"
-              "N=Liste\r\n3\t4001\t\xdc"
-              "ber das Grab\r\n2\t4001\tDVD\r\n");
+    EXPECT_EQ(leseDatei(datei), "@V1.1\r\n# N=<Bezeichner>\r\n# <Typ>\t<Box-EAN>\t<Titel>\r\n"
+                                "N=Liste\r\n3\t4001\t\xdc" "ber das Grab\r\n2\t4001\tDVD\r\n");
     ASSERT_EQ(lauf({"vormerk", "import", datei}).code, 0);
     EXPECT_EQ(lauf({"vormerk", "zeigen", "2"}).aus,
-              "Liste\tFilm\t" + id(grab) +
-                  "\t\xc3\x9c"
-                  "ber das Grab\nListe\tDvd\t" +
-                  id(dvd) + "\tDVD\nInhalt der Vormerkliste(n) [2 Elemente]\n");
+              "Liste\tFilm\t" + id(grab) + "\t\xc3\x9c" "ber das Grab\nListe\tDvd\t" + id(dvd) +
+                  "\tDVD\nInhalt der Vormerkliste(n) [2 Elemente]\n");
 
     schreibeDatei(datei, "N=Fremd\n3\t9999\tGibt es nicht\n3\t4001\tAbend\n");
-    const Lauf l = lauf({"vormerk", "import", datei});
-    EXPECT_EQ(l.code, 1);
-    EXPECT_NE(l.err.find("Es konnten nicht alle Elemente importiert werden!"), std::string::npos);
-    EXPECT_NE(
-        leseDatei(basis + "/Meldungen/vormerklisten_import_error.log")
-            .find("Nicht importiert: Liste <Fremd>, Typ<Film>, EAN<9999>, Titel<Gibt es nicht>."),
-        std::string::npos);
+    EXPECT_TRUE(meldet(lauf({"vormerk", "import", datei}), 1,
+                       "Es konnten nicht alle Elemente importiert werden!"));
+    EXPECT_NE(leseDatei(basis + "Meldungen/vormerklisten_import_error.log")
+                  .find("Nicht importiert: Liste <Fremd>, Typ<Film>, EAN<9999>, Titel<Gibt es nicht>."),
+              std::string::npos);
     EXPECT_EQ(lauf({"vormerk", "zeigen", "3"}).aus,
               "Fremd\tFilm\t" + id(abend) + "\tAbend\nInhalt der Vormerkliste(n) [1 Element]\n");
 }
