@@ -11,27 +11,6 @@
 namespace dv::test {
 namespace {
 
-// The expected bytes of a live record, field by field as they lie on disk.
-struct Satz {
-    std::string s;
-    explicit Satz(std::uint32_t id) { n(kLebendBit | id); }
-    template <class T>
-    Satz& n(T v) {
-        s.append(reinterpret_cast<const char*>(&v), sizeof v);
-        return *this;
-    }
-    Satz& i8(int v) { return n(static_cast<std::int8_t>(v)); }
-    Satz& i16(int v) { return n(static_cast<std::int16_t>(v)); }
-    Satz& u16(int v) { return n(static_cast<std::uint16_t>(v)); }
-    Satz& i32(long v) { return n(static_cast<std::int32_t>(v)); }
-    // A text field of the given width: cut, or padded with zero bytes.
-    Satz& text(std::string t, std::size_t breite) {
-        t.resize(breite, '\0');
-        s += t;
-        return *this;
-    }
-};
-
 class Satzarten : public ::testing::Test {
 protected:
     Umgebung env;

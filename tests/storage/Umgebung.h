@@ -55,20 +55,32 @@ inline std::uint32_t wortVon(const std::string& bytes, unsigned groesse, long id
     return w;
 }
 
-// True if every byte of slot id after the id word is zero.
-inline bool felderNull(const std::string& bytes, unsigned groesse, long id) {
-    for (unsigned i = 4; i < groesse; ++i)
-        if (bytes[static_cast<std::size_t>((id - 1) * groesse + i)] != 0) return false;
-    return true;
+// The bytes of slot id (1-based) in the file bytes.
+inline std::string slot(const std::string& bytes, unsigned groesse, long id) {
+    return bytes.substr(static_cast<std::size_t>((id - 1) * groesse), groesse);
 }
 
-// True if the bytes [von, bis) are all zero.
-inline bool nullIm(const std::string& bytes, std::size_t von, std::size_t bis) {
-    if (bis > bytes.size()) return false;
-    for (std::size_t i = von; i < bis; ++i)
-        if (bytes[i] != 0) return false;
-    return true;
-}
+// The expected bytes of a record, field by field as they lie on disk: the id
+// word (with the liveness bit unless the slot is free), then the fields.
+struct Satz {
+    std::string s;
+    explicit Satz(std::uint32_t id, bool lebend = true) { n(lebend ? kLebendBit | id : id); }
+    template <class T>
+    Satz& n(T v) {
+        s.append(reinterpret_cast<const char*>(&v), sizeof v);
+        return *this;
+    }
+    Satz& i8(int v) { return n(static_cast<std::int8_t>(v)); }
+    Satz& i16(int v) { return n(static_cast<std::int16_t>(v)); }
+    Satz& u16(int v) { return n(static_cast<std::uint16_t>(v)); }
+    Satz& i32(long v) { return n(static_cast<std::int32_t>(v)); }
+    // A text field of the given width: cut, or padded with zero bytes.
+    Satz& text(std::string t, std::size_t breite) {
+        t.resize(breite, '\0');
+        s += t;
+        return *this;
+    }
+};
 
 // The ids of a result list, in list order.
 inline std::vector<long> ids(const ListenElement* kopf) {
