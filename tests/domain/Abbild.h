@@ -43,7 +43,8 @@ class Abbild {
         objekte(kUmfangBildformate, "   Bild", f.pBildformate);
         objekte(kUmfangUntertitel, "   Unter", f.pUntertitel);
         objekte(kUmfangSprachen, "   Sprache", f.pSprachen);
-        for (const PersonenElement* p = f.pPersonen; p && (arten_ & kUmfangPersonen); p = p->pNext) {
+        const PersonenElement* p = (arten_ & kUmfangPersonen) ? f.pPersonen : nullptr;
+        for (; p; p = p->pNext) {
             s_ << "   Person " << p->lVerknuepfung << ' ' << p->lFunktion << ' ' << p->lPos << ' '
                << p->pPerson->zeile.Id << ' ' << p->pPerson->zeile.cpName << '|'
                << p->pPerson->zeile.cpVorname << '|' << p->pPerson->zeile.Instanz;

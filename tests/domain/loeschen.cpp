@@ -59,7 +59,8 @@ TEST_F(LoeschenTest, FilmMitAllemLaesstNurLookupsUndPersonZurueck) {
                                    &k.Film_Sprachen}),
               std::vector<std::string>{});
     // The other film's title, its DVD_Film row and the watch-list row of the other kind.
-    EXPECT_EQ(u.ohneZeilenzahl(1, {&k.Titel, &k.DVD_Film, &k.Vormerk2}), std::vector<std::string>{});
+    EXPECT_EQ(u.ohneZeilenzahl(1, {&k.Titel, &k.DVD_Film, &k.Vormerk2}),
+              std::vector<std::string>{});
     EXPECT_TRUE(u.k().Person.eine(person));
     EXPECT_TRUE(u.k().Genre.eine(genre));
     EXPECT_FALSE(gibtEs(seitenDateiPfad(u.ordner.inhalt, film)));

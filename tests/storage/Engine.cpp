@@ -51,7 +51,8 @@ TEST_F(Engine, RemoveClearsLivenessBitAndZeroesTheSlot) {
     ASSERT_TRUE(genre.remove(2, false));
     const std::string b = env.datei("Genre");
     ASSERT_EQ(b.size(), 5 * G);
-    EXPECT_EQ(slot(b, G, 2), Satz(2, false).text("", G - 4).s);  // the id stays, only bit 31 is gone
+    // The id stays, only bit 31 is gone.
+    EXPECT_EQ(slot(b, G, 2), Satz(2, false).text("", G - 4).s);
     EXPECT_EQ(slot(b, G, 3), Satz(3).text("Western", G - 4).s);
     EXPECT_EQ(genre.select(2), nullptr);
 }

@@ -113,7 +113,7 @@ TEST_F(Fehler, TornInsertIntoAFreeSlotKeepsItFreeAndListed) {
     EXPECT_EQ(texte(), (std::vector<std::string>{"eins", "zwei", "neu", "vier", "fuenf"}));
 }
 
-TEST_F(Fehler, TornUpdateKeepsTheOldRecord) {
+TEST_F(Fehler, TornUpdateKeepsTheOldRecordTornRemoveTouchesOnlyItsSlot) {
     fuenf();
     const std::string vorher = env.datei("Genre");
     reisseAb();
@@ -121,11 +121,6 @@ TEST_F(Fehler, TornUpdateKeepsTheOldRecord) {
     heile();
     EXPECT_EQ(env.datei("Genre"), vorher);
     EXPECT_EQ(texte()[1], "zwei");
-}
-
-TEST_F(Fehler, TornRemoveTouchesOnlyItsSlot) {
-    fuenf();
-    const std::string vorher = env.datei("Genre");
     reisseAb();
     t.remove(4, false);
     heile();

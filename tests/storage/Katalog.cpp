@@ -21,11 +21,6 @@ protected:
         for (Tabelle* t : k.alle()) m[t->name()] = leseDatei(t->pfad());
         return m;
     }
-    static void kameraUndMusik(Katalog& k) {
-        ASSERT_TRUE(k.Funktion.create());
-        ASSERT_EQ(k.Funktion.insert("Kamera"), 1);
-        ASSERT_EQ(k.Funktion.insert("Musik"), 2);
-    }
     std::vector<std::string> funktionen(Katalog& k) {
         std::vector<std::string> out;
         k.Funktion.scanne([&](const Tabelle1::Zeile& z) {
@@ -92,23 +87,20 @@ TEST_F(KatalogTest, CreatingTwiceChangesNothing) {
     EXPECT_EQ(funktionen(k), (std::vector<std::string>{"1:Darsteller", "2:Regie"}));
 }
 
-TEST_F(KatalogTest, OtherFunctionsAtOneAndTwoAreKept) {
+TEST_F(KatalogTest, OtherFunctionsAtOneAndTwoAreKeptButAFreedSlotIsSeeded) {
     Katalog k(env.u);
-    kameraUndMusik(k);
+    ASSERT_TRUE(k.Funktion.create());
+    ASSERT_EQ(k.Funktion.insert("Kamera"), 1);
+    ASSERT_EQ(k.Funktion.insert("Musik"), 2);
     EXPECT_TRUE(k.erzeugeDatenbank());
     EXPECT_EQ(funktionen(k), (std::vector<std::string>{"1:Kamera", "2:Musik"}));
-}
-
-TEST_F(KatalogTest, AFreedFirstFunctionIsSeededIntoItsSlot) {
-    Katalog k(env.u);
-    kameraUndMusik(k);
     k.Funktion.remove(1, false);
     Katalog neu(env.u);
     EXPECT_TRUE(neu.erzeugeDatenbank());
     EXPECT_EQ(funktionen(neu), (std::vector<std::string>{"1:Darsteller", "2:Musik"}));
 }
 
-TEST_F(KatalogTest, EmptyVersionFileGetsTheCurrentVersion) {
+TEST_F(KatalogTest, EmptyVersionFileGetsTheCurrentVersionAStoredOneIsRead) {
     Katalog k(env.u);
     ASSERT_TRUE(k.erzeugeDatenbank());
     DatenVersionSatz v;
@@ -118,11 +110,7 @@ TEST_F(KatalogTest, EmptyVersionFileGetsTheCurrentVersion) {
     EXPECT_TRUE(k.leseVersion(v));
     EXPECT_EQ(versionsText(v), "4.0.0.1 - 20070406");
     EXPECT_EQ(versionsText(aktuelleVersion()), "4.0.0.1 - 20070406");
-}
-
-TEST_F(KatalogTest, StoredVersionIsReadNotReplaced) {
-    Katalog k(env.u);
-    ASSERT_TRUE(k.erzeugeDatenbank());
+    // A stored version is read, not replaced.
     DatenVersionSatz alt;
     alt.teil[0] = 3;
     alt.teil[1] = 9;

@@ -78,7 +78,8 @@ TEST_F(Satzarten, LinkClassesAtTheEdgesOfTheirNumbers) {
 
 TEST_F(Satzarten, TitleFilmAndStampTag) {
     const std::string t64(64, 'T'), s128(128, 'S');
-    pruefe(k.Titel, k.Titel.insert(123, -2, t64.c_str(), 7), Satz(1).i32(123).i8(-2).text(t64, 64).u16(7),
+    pruefe(k.Titel, k.Titel.insert(123, -2, t64.c_str(), 7),
+           Satz(1).i32(123).i8(-2).text(t64, 64).u16(7),
            123, -2, t64, 7);
     pruefe(k.Film, k.Film.insert(18, 142, 1999), Satz(1).i8(18).i16(142).i16(1999), 18, 142, 1999);
     ASSERT_TRUE(k.Film.update(1, 0, 90, 2007));
@@ -134,7 +135,8 @@ TEST_F(Satzarten, BoxWithThirteenDigitEanAndFilter) {
     pruefe(k.Box, 1, Satz(1).text("123", 16).text("Pate", 64).i32(0).i32(0), std::string("123"),
            std::string("Pate"), 0, 0);
     const std::string e128(128, 'E');
-    pruefe(k.Filter, k.Filter.insert(4, 9, -1, e128.c_str()), Satz(1).i32(4).i8(9).i32(-1).text(e128, 128),
+    pruefe(k.Filter, k.Filter.insert(4, 9, -1, e128.c_str()),
+           Satz(1).i32(4).i8(9).i32(-1).text(e128, 128),
            4, 9, -1, e128);
 }
 
