@@ -24,16 +24,6 @@ struct Args {
     int jahr = 0, laenge = 0, fsk = 0, rc = 0;
 };
 
-CLI::App* unter(Register& reg, CLI::App* eltern, const char* name, const char* text,
-                std::shared_ptr<Args>& a) {
-    a = std::make_shared<Args>();
-    return reg.befehl(eltern, name, text);
-}
-
-void pos(CLI::App* c, const char* name, std::string& ziel, const char* hilfe) {
-    c->add_option(name, ziel, cp1252NachUtf8(hilfe))->required();
-}
-
 std::string u8(const char* cp1252) {
     return cp1252NachUtf8(cp1252);
 }
@@ -146,7 +136,7 @@ json boxJson(ExportQuelle& q, const BoxElement& b) {
 
 void liste(Register& reg) {
     std::shared_ptr<Args> a;
-    CLI::App* c = unter(reg, reg.wurzel(), "liste", "Zeigt den ganzen Katalog", a);
+    CLI::App* c = unterbefehl(reg, reg.wurzel(), "liste", "Zeigt den ganzen Katalog", a);
     c->add_flag("--json", a->json, u8("Als JSON-Dokument (UTF-8)"));
     reg.handler(c, [a](Kontext& k) {
         // The text form needs only the boxes, DVDs and films with their titles.
@@ -181,7 +171,7 @@ void liste(Register& reg) {
 
 void lesen(Register& reg) {
     std::shared_ptr<Args> a;
-    CLI::App* c = unter(reg, reg.wurzel(), "anzahl", "Zählt Boxen, DVDs und Filme", a);
+    CLI::App* c = unterbefehl(reg, reg.wurzel(), "anzahl", "Zählt Boxen, DVDs und Filme", a);
     reg.handler(c, [](Kontext& k) {
         long boxen = 0, dvds = 0, filme = 0;
         k.app.db().anzahl(boxen, dvds, filme);
@@ -192,12 +182,12 @@ void lesen(Register& reg) {
     });
 
     for (const bool info : {true, false}) {
-        c = unter(reg, reg.wurzel(), info ? "info" : "spieldauer",
-                  info ? "Zeigt den Informationstext eines Objekts"
-                       : "Zeigt die Gesamtspieldauer eines Objekts",
-                  a);
-        pos(c, "typ", a->typ, "box, dvd oder film");
-        pos(c, "id", a->id, "ID des Objekts");
+        c = unterbefehl(reg, reg.wurzel(), info ? "info" : "spieldauer",
+                        info ? "Zeigt den Informationstext eines Objekts"
+                             : "Zeigt die Gesamtspieldauer eines Objekts",
+                        a);
+        pflicht(c, "typ", a->typ, "box, dvd oder film");
+        pflicht(c, "id", a->id, "ID des Objekts");
         reg.handler(c, [a, info](Kontext& k) {
             int typ = 0;
             long id = 0;
@@ -216,7 +206,7 @@ void titelOption(CLI::App* c, Args& a) {
 
 void neuBox(Register& reg, CLI::App* neu) {
     std::shared_ptr<Args> a;
-    CLI::App* c = unter(reg, neu, "box", "Legt eine Box mit einer DVD und einem Film an", a);
+    CLI::App* c = unterbefehl(reg, neu, "box", "Legt eine Box mit einer DVD und einem Film an", a);
     titelOption(c, *a);
     c->add_option("--ean", a->ean, u8("EAN der Box"));
     c->add_option("--verpackung", a->verpackung, u8("Verpackung (eine unbekannte wird angelegt)"));
@@ -236,8 +226,8 @@ void neuBox(Register& reg, CLI::App* neu) {
 
 void neuDvd(Register& reg, CLI::App* neu) {
     std::shared_ptr<Args> a;
-    CLI::App* c = unter(reg, neu, "dvd", "Legt eine DVD als letzte einer Box an", a);
-    pos(c, "box-id", a->id, "ID der Box");
+    CLI::App* c = unterbefehl(reg, neu, "dvd", "Legt eine DVD als letzte einer Box an", a);
+    pflicht(c, "box-id", a->id, "ID der Box");
     titelOption(c, *a);
     c->add_option("--jahr", a->jahr, u8("Produktionsjahr"))->check(CLI::Range(0, 32767));
     c->add_option("--laenge", a->laenge, u8("Länge in Minuten"))->check(CLI::Range(0, 32767));
@@ -268,8 +258,8 @@ void neuDvd(Register& reg, CLI::App* neu) {
 
 void neuFilm(Register& reg, CLI::App* neu) {
     std::shared_ptr<Args> a;
-    CLI::App* c = unter(reg, neu, "film", "Legt einen Film als letzten einer DVD an", a);
-    pos(c, "dvd-id", a->id, "ID der DVD");
+    CLI::App* c = unterbefehl(reg, neu, "film", "Legt einen Film als letzten einer DVD an", a);
+    pflicht(c, "dvd-id", a->id, "ID der DVD");
     titelOption(c, *a);
     c->add_option("--jahr", a->jahr, u8("Produktionsjahr"))->check(CLI::Range(0, 32767));
     c->add_option("--fsk", a->fsk, u8("Freigabealter"))->check(CLI::Range(0, 127));
@@ -291,10 +281,10 @@ void neuFilm(Register& reg, CLI::App* neu) {
 
 void aendern(Register& reg) {
     std::shared_ptr<Args> a;
-    CLI::App* c = unter(reg, reg.wurzel(), "loeschen",
-                        "Löscht ein Objekt mit allem, was daran hängt (nach Rückfrage)", a);
-    pos(c, "typ", a->typ, "box, dvd oder film");
-    pos(c, "id", a->id, "ID des Objekts");
+    CLI::App* c = unterbefehl(reg, reg.wurzel(), "loeschen",
+                              "Löscht ein Objekt mit allem, was daran hängt (nach Rückfrage)", a);
+    pflicht(c, "typ", a->typ, "box, dvd oder film");
+    pflicht(c, "id", a->id, "ID des Objekts");
     reg.handler(c, [a](Kontext& k) {
         int typ = 0;
         long id = 0;
@@ -306,12 +296,13 @@ void aendern(Register& reg) {
     });
 
     for (const bool hoch : {true, false}) {
-        c = unter(reg, reg.wurzel(), hoch ? "hoch" : "runter",
-                  hoch ? "Schiebt eine DVD in ihrer Box oder einen Film auf seiner DVD nach oben"
-                       : "Schiebt eine DVD in ihrer Box oder einen Film auf seiner DVD nach unten",
-                  a);
-        pos(c, "typ", a->typ, "dvd oder film");
-        pos(c, "id", a->id, "ID der DVD oder des Films");
+        c = unterbefehl(
+            reg, reg.wurzel(), hoch ? "hoch" : "runter",
+            hoch ? "Schiebt eine DVD in ihrer Box oder einen Film auf seiner DVD nach oben"
+                 : "Schiebt eine DVD in ihrer Box oder einen Film auf seiner DVD nach unten",
+            a);
+        pflicht(c, "typ", a->typ, "dvd oder film");
+        pflicht(c, "id", a->id, "ID der DVD oder des Films");
         reg.handler(c, [a, hoch](Kontext& k) {
             int typ = 0;
             long id = 0;
@@ -333,11 +324,12 @@ void aendern(Register& reg) {
         });
     }
 
-    c = unter(reg, reg.wurzel(), "kopieren",
-              "Kopiert eine DVD in eine Box oder einen Film auf eine DVD, als letztes Objekt", a);
-    pos(c, "typ", a->typ, "dvd oder film");
-    pos(c, "id", a->id, "ID der DVD oder des Films");
-    pos(c, "ziel-id", a->ziel, "ID der Ziel-Box (für eine DVD) oder Ziel-DVD (für einen Film)");
+    c = unterbefehl(reg, reg.wurzel(), "kopieren",
+                    "Kopiert eine DVD in eine Box oder einen Film auf eine DVD, als letztes Objekt",
+                    a);
+    pflicht(c, "typ", a->typ, "dvd oder film");
+    pflicht(c, "id", a->id, "ID der DVD oder des Films");
+    pflicht(c, "ziel-id", a->ziel, "ID der Ziel-Box (für eine DVD) oder Ziel-DVD (für einen Film)");
     reg.handler(c, [a](Kontext& k) {
         int typ = 0, zielTyp = 0;
         long id = 0, ziel = 0;

@@ -5,12 +5,6 @@
 
 namespace dv::cli {
 
-CLI::App* unterbefehl(Register& reg, CLI::App* eltern, const char* name, const char* text,
-                      std::shared_ptr<Argumente>& a) {
-    a = std::make_shared<Argumente>();
-    return reg.befehl(eltern, name, text);
-}
-
 void pflicht(CLI::App* c, const char* name, std::string& ziel, const char* hilfe) {
     c->add_option(name, ziel, cp1252NachUtf8(hilfe))->required();
 }

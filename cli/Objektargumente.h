@@ -16,9 +16,14 @@ struct Argumente {
     std::string typ, id, liste, nach, name, text, objekt, datei;
     std::vector<std::string> texte, listen, gegen;
 };
-// A subcommand of eltern; a receives fresh words for it.
+// A subcommand of eltern; a receives fresh words for it (any argument struct of
+// the command group).
+template <class A>
 CLI::App* unterbefehl(Register& reg, CLI::App* eltern, const char* name, const char* text,
-                      std::shared_ptr<Argumente>& a);
+                      std::shared_ptr<A>& a) {
+    a = std::make_shared<A>();
+    return reg.befehl(eltern, name, text);
+}
 // A required positional word with a German help text.
 void pflicht(CLI::App* c, const char* name, std::string& ziel, const char* hilfe);
 
