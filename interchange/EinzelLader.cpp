@@ -19,15 +19,25 @@ constexpr const char* kFn = "EinzelLader";
 
 // The link rows of the wanted owners, grouped, each group in table order and then
 // sorted by "Pos" with the C library's quicksort, as the domain sorts them.
-long besitzerVon(const Zeile2& z) { return z.DVD_Id; }
-long besitzerVon(const Zeile3& z) { return z.Film_Id; }
-long besitzerVon(const Zeile4& z) { return z.Fremd_Id; }
-long besitzerVon(const Zeile6& z) { return z.Film_Id; }
-long besitzerVon(const Zeile7& z) { return z.Box_Id; }
+long besitzerVon(const Zeile2& z) {
+    return z.DVD_Id;
+}
+long besitzerVon(const Zeile3& z) {
+    return z.Film_Id;
+}
+long besitzerVon(const Zeile4& z) {
+    return z.Fremd_Id;
+}
+long besitzerVon(const Zeile6& z) {
+    return z.Film_Id;
+}
+long besitzerVon(const Zeile7& z) {
+    return z.Box_Id;
+}
 
 template <class Z>
 class Gruppen {
-public:
+  public:
     // The owner is the first field of every table read here; rows of other
     // owners are passed over undecoded.
     template <class T>
@@ -41,7 +51,9 @@ public:
         for (long id : gesucht)
             if (id > 0) flag[static_cast<std::size_t>(id)] = 1;
         tab.scanneNachErstemFeld(
-            [&](std::int32_t b) { return b > 0 && b <= hoechste && flag[static_cast<std::size_t>(b)]; },
+            [&](std::int32_t b) {
+                return b > 0 && b <= hoechste && flag[static_cast<std::size_t>(b)];
+            },
             [&](const Z& z) { rows_[besitzerVon(z)].push_back(z); });
     }
     std::vector<const Z*> von(long besitzer) const {
@@ -54,13 +66,12 @@ public:
     }
     std::unordered_map<long, std::vector<Z>>& alle() { return rows_; }
 
-private:
+  private:
     std::unordered_map<long, std::vector<Z>> rows_;
 };
 
-
 class Lader {
-public:
+  public:
     explicit Lader(Datenbank& db) : db_(db), k_(db.katalog()) {}
 
     ObjektElement* extras(Tabelle2& link, long besitzer) {
@@ -107,7 +118,7 @@ public:
 
     std::unordered_map<long, std::vector<Zeile4>> titel;
 
-private:
+  private:
     void ladeFilme(DvdElement* dvds, const std::unordered_set<long>& ids) {
         Gruppen<Zeile4> t(k_.Titel, ids);
         Gruppen<Zeile2> genre(k_.Film_Genre, ids), bild(k_.Film_Bildformat, ids),
@@ -153,7 +164,8 @@ private:
         ObjektElement* letzter = nullptr;
         for (const Zeile2* z : links.von(besitzer)) {
             const Zeile1* o = lookup(tab, z->Objekt1_Id);
-            if (ObjektElement* e = o ? bau::objekt(db_, kFn, *o, nullptr, z->Pos) : nullptr) bau::haengeAn(kopf, letzter, e);
+            if (ObjektElement* e = o ? bau::objekt(db_, kFn, *o, nullptr, z->Pos) : nullptr)
+                bau::haengeAn(kopf, letzter, e);
         }
         return kopf;
     }
@@ -164,7 +176,8 @@ private:
         for (const Zeile6* z : links.von(film)) {
             const Zeile1* s = lookup(k_.Sprachen, z->Sprachen_Id);
             const Zeile1* t = lookup(k_.Tonformate, z->Tonformat_Id);
-            if (ObjektElement* e = s && t ? bau::objekt(db_, kFn, *s, t, z->Pos) : nullptr) bau::haengeAn(kopf, letzter, e);
+            if (ObjektElement* e = s && t ? bau::objekt(db_, kFn, *s, t, z->Pos) : nullptr)
+                bau::haengeAn(kopf, letzter, e);
         }
         return kopf;
     }
@@ -180,7 +193,8 @@ private:
         return kopf;
     }
 
-    PersonenElement* personenVon(const Gruppen<Zeile3>& links, const Gruppen<Zeile2>& alias, long film) {
+    PersonenElement* personenVon(const Gruppen<Zeile3>& links, const Gruppen<Zeile2>& alias,
+                                 long film) {
         PersonenElement* kopf = nullptr;
         PersonenElement* letzter = nullptr;
         for (const Zeile3* z : links.von(film)) {
@@ -198,7 +212,8 @@ private:
         FktElement* letzter = nullptr;
         for (const Zeile2* z : links.von(film)) {
             const Zeile1* f = lookup(k_.Funktion, z->Objekt1_Id);
-            if (FktElement* e = f ? bau::funktion(db_, kFn, *f, z->Pos) : nullptr) bau::haengeAn(kopf, letzter, e);
+            if (FktElement* e = f ? bau::funktion(db_, kFn, *f, z->Pos) : nullptr)
+                bau::haengeAn(kopf, letzter, e);
         }
         return kopf;
     }
