@@ -72,6 +72,17 @@ void haengeAn(E*& kopf, E*& letzter, E* e) {
     letzter = e;
 }
 
+// The list of the elements that mach makes from the rows (pointers), in row
+// order; a row for which mach gives null (a missing entry, no memory) is left out.
+template <class E, class Zeilen, class Mach>
+E* liste(const Zeilen& zeilen, Mach&& mach) {
+    E* kopf = nullptr;
+    E* letzter = nullptr;
+    for (const auto* z : zeilen)
+        if (E* e = mach(*z)) haengeAn(kopf, letzter, e);
+    return kopf;
+}
+
 template <std::size_t N>
 void kopiere(char (&ziel)[N], const char* quelle) {
     std::memset(ziel, 0, N);

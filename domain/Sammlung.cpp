@@ -195,28 +195,18 @@ class SammlungsLeser {
 
     ObjektElement* objekte(const NachBesitzer<Zeile2>& links, const NachId<Zeile1>& lookup,
                            long besitzer) {
-        ObjektElement* kopf = nullptr;
-        ObjektElement* letzter = nullptr;
-        for (const Zeile2* z : links.sortiert(besitzer)) {
-            const Zeile1* o = lookup.finde(z->Objekt1_Id);
-            if (!o) continue;
-            if (ObjektElement* e = bau::objekt(db_, kFn, *o, nullptr, z->Pos))
-                bau::haengeAn(kopf, letzter, e);
-        }
-        return kopf;
+        return bau::liste<ObjektElement>(links.sortiert(besitzer), [&](const Zeile2& z) {
+            const Zeile1* o = lookup.finde(z.Objekt1_Id);
+            return o ? bau::objekt(db_, kFn, *o, nullptr, z.Pos) : nullptr;
+        });
     }
 
     ObjektElement* sprachenMitTon(long film) {
-        ObjektElement* kopf = nullptr;
-        ObjektElement* letzter = nullptr;
-        for (const Zeile6* z : filmSprachen_.sortiert(film)) {
-            const Zeile1* s = sprachen_.finde(z->Sprachen_Id);
-            const Zeile1* t = tonformate_.finde(z->Tonformat_Id);
-            if (!s || !t) continue;
-            if (ObjektElement* e = bau::objekt(db_, kFn, *s, t, z->Pos))
-                bau::haengeAn(kopf, letzter, e);
-        }
-        return kopf;
+        return bau::liste<ObjektElement>(filmSprachen_.sortiert(film), [&](const Zeile6& z) {
+            const Zeile1* s = sprachen_.finde(z.Sprachen_Id);
+            const Zeile1* t = tonformate_.finde(z.Tonformat_Id);
+            return s && t ? bau::objekt(db_, kFn, *s, t, z.Pos) : nullptr;
+        });
     }
 
     PersonenElement* personen(long film) {
@@ -226,13 +216,11 @@ class SammlungsLeser {
         for (const Zeile3* z : filmPerson_.sortiert(film)) {
             const Zeile8* p = personen_.finde(z->Person_Id);
             if (!p) continue;
-            ListenElement* aliasKopf = nullptr;
-            ListenElement* aliasLetzter = nullptr;
-            for (const Zeile2* a : filmAlias_.sortiert(z->Id)) {
-                const Zeile1* row = alias_.finde(a->Objekt1_Id);
-                ListenElement* knoten = row ? bau::aliasKnoten(db_, kFn, *row) : nullptr;
-                if (knoten) bau::haengeAn(aliasKopf, aliasLetzter, knoten);
-            }
+            ListenElement* aliasKopf =
+                bau::liste<ListenElement>(filmAlias_.sortiert(z->Id), [&](const Zeile2& a) {
+                    const Zeile1* row = alias_.finde(a.Objekt1_Id);
+                    return row ? bau::aliasKnoten(db_, kFn, *row) : nullptr;
+                });
             if (PersonenElement* e = bau::person(db_, kFn, *z, *p, aliasKopf))
                 bau::haengeAn(kopf, letzter, e);
         }
@@ -240,15 +228,10 @@ class SammlungsLeser {
     }
 
     FktElement* funktionen(long film) {
-        FktElement* kopf = nullptr;
-        FktElement* letzter = nullptr;
-        for (const Zeile2* z : filmFkt_.sortiert(film)) {
-            const Zeile1* f = funktionen_.finde(z->Objekt1_Id);
-            if (!f) continue;
-            if (FktElement* e = bau::funktion(db_, kFn, *f, z->Pos))
-                bau::haengeAn(kopf, letzter, e);
-        }
-        return kopf;
+        return bau::liste<FktElement>(filmFkt_.sortiert(film), [&](const Zeile2& z) {
+            const Zeile1* f = funktionen_.finde(z.Objekt1_Id);
+            return f ? bau::funktion(db_, kFn, *f, z.Pos) : nullptr;
+        });
     }
 
     Datenbank& db_;

@@ -160,62 +160,43 @@ class Lader {
     }
 
     ObjektElement* objekte(const Gruppen<Zeile2>& links, Tabelle1& tab, long besitzer) {
-        ObjektElement* kopf = nullptr;
-        ObjektElement* letzter = nullptr;
-        for (const Zeile2* z : links.von(besitzer)) {
-            const Zeile1* o = lookup(tab, z->Objekt1_Id);
-            if (ObjektElement* e = o ? bau::objekt(db_, kFn, *o, nullptr, z->Pos) : nullptr)
-                bau::haengeAn(kopf, letzter, e);
-        }
-        return kopf;
+        return bau::liste<ObjektElement>(links.von(besitzer), [&](const Zeile2& z) {
+            const Zeile1* o = lookup(tab, z.Objekt1_Id);
+            return o ? bau::objekt(db_, kFn, *o, nullptr, z.Pos) : nullptr;
+        });
     }
 
     ObjektElement* sprachenMitTon(const Gruppen<Zeile6>& links, long film) {
-        ObjektElement* kopf = nullptr;
-        ObjektElement* letzter = nullptr;
-        for (const Zeile6* z : links.von(film)) {
-            const Zeile1* s = lookup(k_.Sprachen, z->Sprachen_Id);
-            const Zeile1* t = lookup(k_.Tonformate, z->Tonformat_Id);
-            if (ObjektElement* e = s && t ? bau::objekt(db_, kFn, *s, t, z->Pos) : nullptr)
-                bau::haengeAn(kopf, letzter, e);
-        }
-        return kopf;
+        return bau::liste<ObjektElement>(links.von(film), [&](const Zeile6& z) {
+            const Zeile1* s = lookup(k_.Sprachen, z.Sprachen_Id);
+            const Zeile1* t = lookup(k_.Tonformate, z.Tonformat_Id);
+            return s && t ? bau::objekt(db_, kFn, *s, t, z.Pos) : nullptr;
+        });
     }
 
     ListenElement* aliasListe(const Gruppen<Zeile2>& alias, long link) {
-        ListenElement* kopf = nullptr;
-        ListenElement* letzter = nullptr;
-        for (const Zeile2* a : alias.von(link)) {
-            const Zeile1* row = lookup(k_.Alias, a->Objekt1_Id);
-            if (ListenElement* knoten = row ? bau::aliasKnoten(db_, kFn, *row) : nullptr)
-                bau::haengeAn(kopf, letzter, knoten);
-        }
-        return kopf;
+        return bau::liste<ListenElement>(alias.von(link), [&](const Zeile2& a) {
+            const Zeile1* row = lookup(k_.Alias, a.Objekt1_Id);
+            return row ? bau::aliasKnoten(db_, kFn, *row) : nullptr;
+        });
     }
 
     PersonenElement* personenVon(const Gruppen<Zeile3>& links, const Gruppen<Zeile2>& alias,
                                  long film) {
-        PersonenElement* kopf = nullptr;
-        PersonenElement* letzter = nullptr;
-        for (const Zeile3* z : links.von(film)) {
-            auto person = k_.Person.eine(z->Person_Id);
-            if (!person) continue;
-            PersonenElement* e =
-                bau::person(db_, kFn, *z, Tabelle8::zeile(person.get()), aliasListe(alias, z->Id));
-            if (e) bau::haengeAn(kopf, letzter, e);
-        }
-        return kopf;
+        return bau::liste<PersonenElement>(
+            links.von(film), [&](const Zeile3& z) -> PersonenElement* {
+                auto person = k_.Person.eine(z.Person_Id);
+                if (!person) return nullptr;
+                return bau::person(db_, kFn, z, Tabelle8::zeile(person.get()),
+                                   aliasListe(alias, z.Id));
+            });
     }
 
     FktElement* funktionen(const Gruppen<Zeile2>& links, long film) {
-        FktElement* kopf = nullptr;
-        FktElement* letzter = nullptr;
-        for (const Zeile2* z : links.von(film)) {
-            const Zeile1* f = lookup(k_.Funktion, z->Objekt1_Id);
-            if (FktElement* e = f ? bau::funktion(db_, kFn, *f, z->Pos) : nullptr)
-                bau::haengeAn(kopf, letzter, e);
-        }
-        return kopf;
+        return bau::liste<FktElement>(links.von(film), [&](const Zeile2& z) {
+            const Zeile1* f = lookup(k_.Funktion, z.Objekt1_Id);
+            return f ? bau::funktion(db_, kFn, *f, z.Pos) : nullptr;
+        });
     }
 
     Datenbank& db_;
