@@ -71,8 +71,8 @@ struct Sammlung {
     std::unique_ptr<Datenbank> db;
     StillerBenutzer benutzer;
     Einstellungen einstellungen{basis + "einstellungen.conf"};
-    long beispielBox = 0;  // a typical box: the first with three films
-    long grosseBox = 0;    // among the first 500 boxes, the one with the most films
+    long beispielBox = 0;  // a typical box: the first with an EAN and three films
+    long grosseBox = 0;    // among the first 500 boxes with an EAN, the one with the most films
 
     Sammlung() {
         const std::string quelle = generator::gecachteSammlung(generator::Groessen{});
@@ -95,6 +95,7 @@ struct Sammlung {
         BoxListe boxen = db->ladeSammlung();
         long meiste = -1, n = 0;
         for (const BoxElement* b = boxen.get(); b && n < 500; b = b->pNext, ++n) {
+            if (!b->cpEAN[0]) continue;  // a box without EAN is not exported
             long dvds = 0, filme = 0;
             for (const DvdElement* d = b->pDvds; d; d = d->pNext, ++dvds)
                 for (const FilmElement* f = d->pFilme; f; f = f->pNext) ++filme;
@@ -118,8 +119,10 @@ void importiere(benchmark::State& state, long& box) {
     Austausch a(*s.db, s.ordner, s.benutzer, s.einstellungen);
     const std::string ordner = neuerOrdner("import");
     std::string pfad;
-    if (a.exportiere(box, ordner, SchreibOptionen{true, true, true}, &pfad) != ExportErgebnis::Exportiert)
+    if (a.exportiere(box, ordner, SchreibOptionen{true, true, true}, &pfad) != ExportErgebnis::Exportiert) {
         state.SkipWithError("export failed");
+        return;
+    }
     // The box leaves the catalogue; each round brings it back and takes it out again.
     s.db->loescheBox(box);
     ImportOptionen o;
