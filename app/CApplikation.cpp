@@ -55,9 +55,9 @@ bool CApplikation::pruefeDatenversion() {
 
 void CApplikation::setzeFensterpositionZurueck() {
     einstellungen_.loescheFensterPosition("WP_main");
-    haengeZeileAn(fs_, ordner_.meldungen + "reset_wp.log",
-                  Protokoll::zeitstempel() +
-                      " Die Positionen des Hauptfensters wurden auf Wunsch gelöscht.");
+    haengeZeileAn(
+        fs_, ordner_.meldungen + "reset_wp.log",
+        Protokoll::zeitstempel() + " Die Positionen des Hauptfensters wurden auf Wunsch gelöscht.");
 }
 
 bool CApplikation::validiereDatenbank() {
@@ -76,6 +76,8 @@ bool CApplikation::sucheGrossKlein() {
     return (optionen & kOptSucheGrossKlein) != 0;
 }
 
-std::string CApplikation::versionsText() { return dv::versionsText(aktuelleVersion()); }
+std::string CApplikation::versionsText() {
+    return dv::versionsText(aktuelleVersion());
+}
 
 }  // namespace dv

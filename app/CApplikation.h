@@ -12,18 +12,18 @@
 #include "app/base/Ordner.h"
 #include "app/base/Protokoll.h"
 #include "domain/Datenbank.h"
-#include "retrieval/Stempeltags.h"
-#include "retrieval/Tagverwaltung.h"
-#include "retrieval/Vormerklisten.h"
 #include "domain/Validierung.h"
 #include "interchange/Austausch.h"
 #include "output/Uebersicht.h"
 #include "retrieval/Filter.h"
+#include "retrieval/Stempeltags.h"
+#include "retrieval/Tagverwaltung.h"
+#include "retrieval/Vormerklisten.h"
 
 namespace dv {
 
 class CApplikation {
-public:
+  public:
     // benutzer, einstellungen and fs must outlive the object.
     CApplikation(Benutzer& benutzer, Einstellungen& einstellungen,
                  Dateisystem& fs = echtesDateisystem());
@@ -83,7 +83,7 @@ public:
     // The colour rotation's counter, kept for the whole program run.
     FarbZaehler& farbZaehler() { return farben_; }
 
-private:
+  private:
     Benutzer& benutzer_;
     Einstellungen& einstellungen_;
     Dateisystem& fs_;

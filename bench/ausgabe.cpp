@@ -34,7 +34,8 @@ void BM_Validierung(benchmark::State& state) {
         fs::copy(quelle, basis + "Daten");
         Offen o(basis, true);
         state.ResumeTiming();
-        if (!validiereDatenbank(*o.db, benutzer, o.ordner.meldungen, o.ordner.backups, &erg)) std::abort();
+        if (!validiereDatenbank(*o.db, benutzer, o.ordner.meldungen, o.ordner.backups, &erg))
+            std::abort();
     }
     fs::remove_all(basis);
     state.counters["Zeilen"] = static_cast<double>(erg.geaenderteZeilen);

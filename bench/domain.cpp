@@ -49,7 +49,11 @@ void BM_GanzeSammlungMitAllenListen(benchmark::State& state) {
 }
 // At least a second each, so the larger size's first touch of fresh memory does
 // not count alone.
-BENCHMARK(BM_GanzeSammlungMitAllenListen)->Arg(1)->Arg(2)->MinTime(1.0)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_GanzeSammlungMitAllenListen)
+    ->Arg(1)
+    ->Arg(2)
+    ->MinTime(1.0)
+    ->Unit(benchmark::kMillisecond);
 
 // The same, timing only the building: the release of the lists runs untimed.
 void BM_GanzeSammlungNurAufbau(benchmark::State& state) {

@@ -27,7 +27,7 @@ namespace {
 
 // Writes into the export folder go nowhere; everything else is the real disk.
 class OhneExportDateien final : public Dateisystem {
-public:
+  public:
     explicit OhneExportDateien(std::string ordner) : ordner_(std::move(ordner)) {}
     std::unique_ptr<Datei> oeffne(const std::string& p, OeffnenModus m, int* f) override {
         if (imZiel(p) && m == OeffnenModus::Erzeugen) return std::make_unique<NullDatei>();
@@ -37,13 +37,15 @@ public:
     bool istOrdner(const std::string& p) override { return echt().istOrdner(p); }
     bool erzeugeOrdner(const std::string& p) override { return echt().erzeugeOrdner(p); }
     bool loesche(const std::string& p) override { return imZiel(p) || echt().loesche(p); }
-    bool kopiere(const std::string& v, const std::string& n) override { return echt().kopiere(v, n); }
+    bool kopiere(const std::string& v, const std::string& n) override {
+        return echt().kopiere(v, n);
+    }
     bool benenneUm(const std::string& v, const std::string& n) override {
         return imZiel(n) || echt().benenneUm(v, n);
     }
     std::vector<OrdnerEintrag> liste(const std::string& o) override { return echt().liste(o); }
 
-private:
+  private:
     struct NullDatei final : Datei {
         std::int64_t laenge() override { return 0; }
         std::int64_t lese(std::int64_t, void*, std::size_t) override { return 0; }
@@ -105,7 +107,8 @@ struct Sammlung {
             }
             if (!beispielBox && filme == 3) beispielBox = b->Id;
         }
-        std::printf("Beispielbox %ld, grosse Box %ld mit %ld Filmen\n", beispielBox, grosseBox, meiste);
+        std::printf("Beispielbox %ld, grosse Box %ld mit %ld Filmen\n", beispielBox, grosseBox,
+                    meiste);
     }
 };
 
@@ -119,7 +122,8 @@ void importiere(benchmark::State& state, long& box) {
     Austausch a(*s.db, s.ordner, s.benutzer, s.einstellungen);
     const std::string ordner = neuerOrdner("import");
     std::string pfad;
-    if (a.exportiere(box, ordner, SchreibOptionen{true, true, true}, &pfad) != ExportErgebnis::Exportiert) {
+    if (a.exportiere(box, ordner, SchreibOptionen{true, true, true}, &pfad) !=
+        ExportErgebnis::Exportiert) {
         state.SkipWithError("export failed");
         return;
     }
@@ -128,7 +132,8 @@ void importiere(benchmark::State& state, long& box) {
     ImportOptionen o;
     long id = 0;
     for (auto _ : state) {
-        if (a.importiere(pfad, o, &id) != ImportErgebnis::Importiert) state.SkipWithError("import failed");
+        if (a.importiere(pfad, o, &id) != ImportErgebnis::Importiert)
+            state.SkipWithError("import failed");
         state.PauseTiming();
         s.db->loescheBox(id);
         state.ResumeTiming();
@@ -138,10 +143,14 @@ void importiere(benchmark::State& state, long& box) {
     std::filesystem::remove_all(ordner);
 }
 
-void ImportEinerBox(benchmark::State& state) { importiere(state, sammlung().beispielBox); }
+void ImportEinerBox(benchmark::State& state) {
+    importiere(state, sammlung().beispielBox);
+}
 BENCHMARK(ImportEinerBox)->Unit(benchmark::kMillisecond);
 
-void ImportEinerGrossenBox(benchmark::State& state) { importiere(state, sammlung().grosseBox); }
+void ImportEinerGrossenBox(benchmark::State& state) {
+    importiere(state, sammlung().grosseBox);
+}
 BENCHMARK(ImportEinerGrossenBox)->Unit(benchmark::kMillisecond);
 
 void XmlBoxMitUnterobjekten(benchmark::State& state) {
@@ -149,7 +158,8 @@ void XmlBoxMitUnterobjekten(benchmark::State& state) {
     Austausch a(*s.db, s.ordner, s.benutzer, s.einstellungen);
     std::string d;
     for (auto _ : state) {
-        if (!a.xml(kObjektBox, s.beispielBox, XmlOptionen{false, true}, d)) state.SkipWithError("no box");
+        if (!a.xml(kObjektBox, s.beispielBox, XmlOptionen{false, true}, d))
+            state.SkipWithError("no box");
         benchmark::DoNotOptimize(d);
     }
     state.counters["Bytes"] = static_cast<double>(d.size());
@@ -184,10 +194,14 @@ void exportiereAlle(benchmark::State& state, bool schreiben) {
     std::filesystem::remove_all(ordner);
 }
 
-void AlleExportieren(benchmark::State& state) { exportiereAlle(state, true); }
+void AlleExportieren(benchmark::State& state) {
+    exportiereAlle(state, true);
+}
 BENCHMARK(AlleExportieren)->Unit(benchmark::kSecond)->Iterations(1);
 
-void AlleExportierenOhneSchreiben(benchmark::State& state) { exportiereAlle(state, false); }
+void AlleExportierenOhneSchreiben(benchmark::State& state) {
+    exportiereAlle(state, false);
+}
 BENCHMARK(AlleExportierenOhneSchreiben)->Unit(benchmark::kSecond)->Iterations(1);
 
 }  // namespace

@@ -65,10 +65,14 @@ void selectBeispiel(benchmark::State& state, const char* muster, std::size_t erw
     state.SetBytesProcessed(state.iterations() * kSaetze * dv::Tabelle1::kGroesse);
 }
 
-void BM_SelectGleich(benchmark::State& state) { selectBeispiel(state, "Film 054321 - Teil 1", 1); }
+void BM_SelectGleich(benchmark::State& state) {
+    selectBeispiel(state, "Film 054321 - Teil 1", 1);
+}
 BENCHMARK(BM_SelectGleich)->Unit(benchmark::kMillisecond);
 
-void BM_SelectMuster(benchmark::State& state) { selectBeispiel(state, "*5432? - teil 6", 0); }
+void BM_SelectMuster(benchmark::State& state) {
+    selectBeispiel(state, "*5432? - teil 6", 0);
+}
 BENCHMARK(BM_SelectMuster)->Unit(benchmark::kMillisecond);
 
 void BM_SelectMusterTreffer(benchmark::State& state) {

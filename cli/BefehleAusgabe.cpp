@@ -15,7 +15,8 @@ struct UebersichtArgumente {
 int uebersicht(Kontext& k, const UebersichtArgumente& a) {
     UebersichtEinstellungen e;
     if (!a.einstellungen.empty()) {
-        if (!leseUebersichtEinstellungen(k.app.fs(), k.benutzer, a.einstellungen, e)) return kFehlschlag;
+        if (!leseUebersichtEinstellungen(k.app.fs(), k.benutzer, a.einstellungen, e))
+            return kFehlschlag;
     } else {
         e.vorlage = a.vorlage;
         // A bare name that is not in the current folder is one of the program's templates.
@@ -36,23 +37,34 @@ int uebersicht(Kontext& k, const UebersichtArgumente& a) {
 }  // namespace
 
 void registriereAusgabe(Register& reg) {
-    CLI::App* validieren = reg.befehl(reg.wurzel(), "validieren",
-                                      "Prüft und korrigiert die Datenbank (mit Sicherung des Datenordners)");
-    reg.handler(validieren, [](Kontext& k) {
-        return k.app.validiereDatenbank() ? kFertig : kFehlschlag;
-    });
+    CLI::App* validieren =
+        reg.befehl(reg.wurzel(), "validieren",
+                   "Prüft und korrigiert die Datenbank (mit Sicherung des Datenordners)");
+    reg.handler(validieren,
+                [](Kontext& k) { return k.app.validiereDatenbank() ? kFertig : kFehlschlag; });
 
     auto a = std::make_shared<UebersichtArgumente>();
-    CLI::App* ue = reg.befehl(reg.wurzel(), "uebersicht", "Schreibt die HTML-Übersicht aller Boxen");
-    auto* vorlage = ue->add_option("--vorlage", a->vorlage, cp1252NachUtf8("Vorlage (.html); ein bloßer Name aus dem Ordner Vorlagen"))
-                        ->type_name("V");
-    auto* ziel = ue->add_option("--ziel", a->ziel, cp1252NachUtf8("Zieldatei (.html)"))->type_name("Z");
-    auto* titel = ue->add_option("--titel", a->titel, cp1252NachUtf8("Listentitel"))->type_name("T");
-    auto* ueberschrift = ue->add_option("--ueberschrift", a->ueberschrift, cp1252NachUtf8("Listen-Überschrift"))->type_name("U");
-    auto* hintergrund = ue->add_option("--hintergrund", a->hintergrund, cp1252NachUtf8("Hintergrundbild"))->type_name("H");
-    auto* speichern = ue->add_option("--speichern", a->speichern, cp1252NachUtf8("Schreibt auch die Einstellungsdatei"))
+    CLI::App* ue =
+        reg.befehl(reg.wurzel(), "uebersicht", "Schreibt die HTML-Übersicht aller Boxen");
+    auto* vorlage =
+        ue->add_option("--vorlage", a->vorlage,
+                       cp1252NachUtf8("Vorlage (.html); ein bloßer Name aus dem Ordner Vorlagen"))
+            ->type_name("V");
+    auto* ziel =
+        ue->add_option("--ziel", a->ziel, cp1252NachUtf8("Zieldatei (.html)"))->type_name("Z");
+    auto* titel =
+        ue->add_option("--titel", a->titel, cp1252NachUtf8("Listentitel"))->type_name("T");
+    auto* ueberschrift =
+        ue->add_option("--ueberschrift", a->ueberschrift, cp1252NachUtf8("Listen-Überschrift"))
+            ->type_name("U");
+    auto* hintergrund =
+        ue->add_option("--hintergrund", a->hintergrund, cp1252NachUtf8("Hintergrundbild"))
+            ->type_name("H");
+    auto* speichern = ue->add_option("--speichern", a->speichern,
+                                     cp1252NachUtf8("Schreibt auch die Einstellungsdatei"))
                           ->type_name("DATEI.ini");
-    ue->add_option("--einstellungen", a->einstellungen, cp1252NachUtf8("Liest die Eingaben aus einer Einstellungsdatei"))
+    ue->add_option("--einstellungen", a->einstellungen,
+                   cp1252NachUtf8("Liest die Eingaben aus einer Einstellungsdatei"))
         ->type_name("DATEI.ini")
         ->excludes(vorlage)
         ->excludes(ziel)
@@ -60,7 +72,8 @@ void registriereAusgabe(Register& reg) {
         ->excludes(ueberschrift)
         ->excludes(hintergrund)
         ->excludes(speichern);
-    ue->add_flag("--nicht-oeffnen", a->nichtOeffnen, cp1252NachUtf8("Öffnet die fertige Seite nicht"));
+    ue->add_flag("--nicht-oeffnen", a->nichtOeffnen,
+                 cp1252NachUtf8("Öffnet die fertige Seite nicht"));
     reg.handler(ue, [a](Kontext& k) { return uebersicht(k, *a); });
 }
 

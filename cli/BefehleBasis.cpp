@@ -7,13 +7,15 @@
 namespace dv::cli {
 
 void registriereBasis(Register& reg) {
-    CLI::App* init = reg.befehl(reg.wurzel(), "init", "Legt Ordner und Tabellen an und zeigt die Datenversion");
+    CLI::App* init =
+        reg.befehl(reg.wurzel(), "init", "Legt Ordner und Tabellen an und zeigt die Datenversion");
     reg.handler(init, [](Kontext& k) {
         k.zeile(versionsText(k.app.katalog().holeVersion()));
         return kFertig;
     });
 
-    CLI::App* version = reg.befehl(reg.wurzel(), "version", "Zeigt die gespeicherte und die erwartete Datenversion");
+    CLI::App* version = reg.befehl(reg.wurzel(), "version",
+                                   "Zeigt die gespeicherte und die erwartete Datenversion");
     reg.ohneVersionspruefung(version);
     reg.handler(version, [](Kontext& k) {
         const VersionsVergleich v = vergleicheVersion(k.app.katalog());

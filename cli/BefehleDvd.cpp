@@ -63,10 +63,12 @@ void registriereDvd(Register& reg) {
     CLI::App* dvd = reg.befehl(reg.wurzel(), "dvd", "DVD-Laufwerke und die Erkennung der DVD");
     dvd->require_subcommand(1);
 
-    CLI::App* laufwerke = reg.befehl(dvd, "laufwerke", "Zeigt die CD/DVD-Laufwerke mit Buchstabe und Gerät");
+    CLI::App* laufwerke =
+        reg.befehl(dvd, "laufwerke", "Zeigt die CD/DVD-Laufwerke mit Buchstabe und Gerät");
     reg.handler(laufwerke, [](Kontext& k) {
         const auto liste = systemLaufwerke().liste();
-        if (liste.empty()) k.benutzer.meldung("Hinweis", "Kein DVD-Laufwerk gefunden.", Symbol::Information);
+        if (liste.empty())
+            k.benutzer.meldung("Hinweis", "Kein DVD-Laufwerk gefunden.", Symbol::Information);
         for (const auto& l : liste) k.zeile(std::string(1, l.buchstabe) + ":\t" + l.geraet);
         return kFertig;
     });
@@ -88,8 +90,11 @@ void registriereDvd(Register& reg) {
     reg.handler(info, [abbildInfo](Kontext& k) { return zeigeInfo(k, *abbildInfo); });
 
     auto abbildErkennen = std::make_shared<std::string>();
-    CLI::App* erkennen = reg.befehl(dvd, "erkennen", "Findet die DVD des Katalogs zur eingelegten DVD");
-    erkennen->add_option("--abbild", *abbildErkennen, "Ein Abbild der DVD (ISO/UDF) statt des Laufwerks")
+    CLI::App* erkennen =
+        reg.befehl(dvd, "erkennen", "Findet die DVD des Katalogs zur eingelegten DVD");
+    erkennen
+        ->add_option("--abbild", *abbildErkennen,
+                     "Ein Abbild der DVD (ISO/UDF) statt des Laufwerks")
         ->type_name("DATEI");
     reg.handler(erkennen, [abbildErkennen](Kontext& k) { return erkenneDisc(k, *abbildErkennen); });
 
@@ -99,7 +104,8 @@ void registriereDvd(Register& reg) {
                                          : "Schließt die Schublade des Standard DVD-Laufwerks");
         reg.handler(c, [oeffnen](Kontext& k) {
             const char b = gespeichertesLaufwerk(k.app.einstellungen());
-            return bewegeSchublade(k.benutzer, systemLaufwerke(), b, oeffnen) ? kFertig : kFehlschlag;
+            return bewegeSchublade(k.benutzer, systemLaufwerke(), b, oeffnen) ? kFertig
+                                                                              : kFehlschlag;
         });
     }
 }

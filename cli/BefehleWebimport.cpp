@@ -21,7 +21,7 @@ struct WebArgumente {
 // The terminal user, except that the hit selection comes from --alle / --auswahl;
 // without either the hits are listed and none is chosen.
 class AuswahlBenutzer final : public Benutzer {
-public:
+  public:
     AuswahlBenutzer(Kontext& k, const WebArgumente& a, std::vector<long> nummern)
         : k_(k), innen_(k.benutzer), a_(a), nummern_(std::move(nummern)) {}
 
@@ -29,21 +29,28 @@ public:
                             const std::vector<std::string>& eintraege, bool, int) override {
         std::vector<int> gewaehlt;
         for (std::size_t i = 0; i < eintraege.size(); ++i) {
-            if (!a_.alle && a_.auswahl.empty()) k_.zeile(std::to_string(i + 1) + "\t" + eintraege[i]);
+            if (!a_.alle && a_.auswahl.empty())
+                k_.zeile(std::to_string(i + 1) + "\t" + eintraege[i]);
             if (a_.alle) gewaehlt.push_back(static_cast<int>(i));
         }
         for (long n : nummern_) {
             if (n >= 1 && static_cast<std::size_t>(n) <= eintraege.size())
                 gewaehlt.push_back(static_cast<int>(n - 1));
             else
-                innen_.meldung("Web-Import", "Keinen Treffer Nummer " + std::to_string(n) + ".", Symbol::Warnung);
+                innen_.meldung("Web-Import", "Keinen Treffer Nummer " + std::to_string(n) + ".",
+                               Symbol::Warnung);
         }
         return gewaehlt;
     }
     bool frage(const std::string& t, const std::string& x) override { return innen_.frage(t, x); }
-    void meldung(const std::string& t, const std::string& x, Symbol s) override { innen_.meldung(t, x, s); }
-    ObjektAntwort objektBestaetigen(const ObjektDialog& d) override { return innen_.objektBestaetigen(d); }
-    bool info(const std::string& t, const std::vector<std::pair<std::string, std::string>>& f) override {
+    void meldung(const std::string& t, const std::string& x, Symbol s) override {
+        innen_.meldung(t, x, s);
+    }
+    ObjektAntwort objektBestaetigen(const ObjektDialog& d) override {
+        return innen_.objektBestaetigen(d);
+    }
+    bool info(const std::string& t,
+              const std::vector<std::pair<std::string, std::string>>& f) override {
         return innen_.info(t, f);
     }
     void zeigeText(const std::string& t, const std::string& x) override { innen_.zeigeText(t, x); }
@@ -51,7 +58,7 @@ public:
     bool unterbrechen() override { return innen_.unterbrechen(); }
     bool zwischenablage(const std::string& t) override { return innen_.zwischenablage(t); }
 
-private:
+  private:
     Kontext& k_;
     Benutzer& innen_;
     const WebArgumente& a_;
@@ -99,7 +106,8 @@ int webimport(Kontext& k, const WebArgumente& a) {
     Austausch austausch(k.app.db(), k.app.ordner(), k.benutzer, k.app.einstellungen());
     const std::uint32_t wort = austausch.optionen();
     wi.grossKlein = (wort & kOptSucheGrossKlein) != 0;  // the search's case switch
-    const WebImportErgebnis e = wi.fuehreAus(a.url.empty() ? importUrl(k.app.einstellungen()) : a.url, s);
+    const WebImportErgebnis e =
+        wi.fuehreAus(a.url.empty() ? importUrl(k.app.einstellungen()) : a.url, s);
     if (e.code <= 0 && e.dateien.empty()) return kFehlschlag;
 
     const ImportOptionen optionen = importOptionen(wort);
@@ -119,11 +127,15 @@ void registriereWebimport(Register& reg) {
     auto a = std::make_shared<WebArgumente>();
     CLI::App* c = reg.befehl(reg.wurzel(), "webimport",
                              "Sucht Boxen in den Import-Datenbanken und importiert die gewählten");
-    c->add_option("--url", a->url, cp1252NachUtf8("Adresse des Import-Servers (sonst die Einstellung ImportUrl)"))
+    c->add_option("--url", a->url,
+                  cp1252NachUtf8("Adresse des Import-Servers (sonst die Einstellung ImportUrl)"))
         ->type_name("URL");
-    auto* ean = c->add_option("--ean", a->ean, cp1252NachUtf8("Sucht nach der EAN"))->type_name("E");
-    auto* titel = c->add_option("--titel", a->titel, cp1252NachUtf8("Sucht im Titel"))->type_name("T");
-    auto* disc = c->add_flag("--disc", a->disc, cp1252NachUtf8("Sucht nach der DVD im Standard-Laufwerk"));
+    auto* ean =
+        c->add_option("--ean", a->ean, cp1252NachUtf8("Sucht nach der EAN"))->type_name("E");
+    auto* titel =
+        c->add_option("--titel", a->titel, cp1252NachUtf8("Sucht im Titel"))->type_name("T");
+    auto* disc =
+        c->add_flag("--disc", a->disc, cp1252NachUtf8("Sucht nach der DVD im Standard-Laufwerk"));
     c->add_option("--abbild", a->abbild, cp1252NachUtf8("Ein Abbild der DVD statt des Laufwerks"))
         ->type_name("DATEI")
         ->needs(disc);

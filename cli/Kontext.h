@@ -21,10 +21,10 @@
 
 namespace dv::cli {
 
-inline constexpr int kFertig = 0;       // done
-inline constexpr int kFehlschlag = 1;   // the operation failed or was refused
-inline constexpr int kNutzung = 2;      // wrong usage, bad number, unknown id
-inline constexpr int kVersion = 3;      // data version mismatch
+inline constexpr int kFertig = 0;      // done
+inline constexpr int kFehlschlag = 1;  // the operation failed or was refused
+inline constexpr int kNutzung = 2;     // wrong usage, bad number, unknown id
+inline constexpr int kVersion = 3;     // data version mismatch
 
 struct Kontext {
     CApplikation& app;
@@ -39,7 +39,7 @@ struct Kontext {
 using Handler = std::function<int(Kontext&)>;
 
 class Register {
-public:
+  public:
     explicit Register(CLI::App& wurzel) : wurzel_(wurzel) {}
 
     CLI::App* wurzel() { return &wurzel_; }
@@ -53,7 +53,7 @@ public:
     const Handler* gewaehlt(CLI::App** befehl = nullptr) const;
     bool brauchtVersionspruefung(CLI::App* befehl) const { return !ohnePruefung_.count(befehl); }
 
-private:
+  private:
     CLI::App& wurzel_;
     std::map<CLI::App*, Handler> handler_;
     std::map<CLI::App*, bool> ohnePruefung_;

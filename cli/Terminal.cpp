@@ -76,21 +76,28 @@ ObjektAntwort TerminalBenutzer::objektBestaetigen(const ObjektDialog& d) {
         return a;
     }
     const bool normal = d.modus == ObjektModus::Normal;
-    std::fprintf(err_, "[o] OK, [a] Alle OK, [n] Nicht, [b] %s%s%s: ",
-                 fuerTerminal(d.letzteTaste).c_str(), normal ? ", [e] Edit" : "",
-                 normal && d.auswahlMoeglich ? ", [u] Auswahl" : "");
+    std::fprintf(
+        err_, "[o] OK, [a] Alle OK, [n] Nicht, [b] %s%s%s: ", fuerTerminal(d.letzteTaste).c_str(),
+        normal ? ", [e] Edit" : "", normal && d.auswahlMoeglich ? ", [u] Auswahl" : "");
     std::fflush(err_);
     const std::string t = liesZeile();
     const char c = t.empty() ? 'b' : t[0];
-    if (c == 'o') a.taste = ObjektTaste::OK;
-    else if (c == 'a') a.taste = ObjektTaste::AlleOK;
-    else if (c == 'n') a.taste = ObjektTaste::Nicht;
-    else if (c == 'e' && normal) a.taste = ObjektTaste::Edit;
-    else if (c == 'u' && normal && d.auswahlMoeglich) a.taste = ObjektTaste::Auswahl;
-    else a.taste = ObjektTaste::Letzte;
+    if (c == 'o')
+        a.taste = ObjektTaste::OK;
+    else if (c == 'a')
+        a.taste = ObjektTaste::AlleOK;
+    else if (c == 'n')
+        a.taste = ObjektTaste::Nicht;
+    else if (c == 'e' && normal)
+        a.taste = ObjektTaste::Edit;
+    else if (c == 'u' && normal && d.auswahlMoeglich)
+        a.taste = ObjektTaste::Auswahl;
+    else
+        a.taste = ObjektTaste::Letzte;
     if (d.modus == ObjektModus::Bearbeiten && a.taste == ObjektTaste::OK) {
         for (std::size_t i = 0; i < a.felder.size(); ++i) {
-            std::fprintf(err_, "%s: ", i < d.feldNamen.size() ? fuerTerminal(d.feldNamen[i]).c_str() : "Name");
+            std::fprintf(err_, "%s: ",
+                         i < d.feldNamen.size() ? fuerTerminal(d.feldNamen[i]).c_str() : "Name");
             std::fflush(err_);
             a.felder[i] = liesZeile();
         }
@@ -127,7 +134,8 @@ std::vector<int> TerminalBenutzer::waehle(const std::string& titel, const std::s
             ++p;
             continue;
         }
-        if (n >= 1 && n <= static_cast<long>(eintraege.size())) gewaehlt.push_back(static_cast<int>(n - 1));
+        if (n >= 1 && n <= static_cast<long>(eintraege.size()))
+            gewaehlt.push_back(static_cast<int>(n - 1));
         p = ende;
         if (!mehrfach) break;
     }

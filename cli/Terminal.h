@@ -12,7 +12,7 @@
 namespace dv::cli {
 
 class TerminalBenutzer final : public Benutzer {
-public:
+  public:
     TerminalBenutzer(bool immerJa, std::FILE* aus = stdout, std::FILE* err = stderr);
 
     bool frage(const std::string& titel, const std::string& text) override;
@@ -30,7 +30,7 @@ public:
     // Whether questions are put to a person (standard input is a terminal).
     bool interaktiv() const { return interaktiv_; }
 
-private:
+  private:
     bool jaNein(const std::string& titel, const std::string& text);
     std::string liesZeile();
 

@@ -52,8 +52,10 @@ int main(int argc, char** argv) {
     std::string basis;
     bool ja = false;
     std::optional<unsigned> trace;
-    wurzel.add_option("--basis", basis, cp1252NachUtf8("Programmordner (sonst DORVANO_BASIS, "
-                                                       "portabler Ordner oder XDG-Datenordner)"))
+    wurzel
+        .add_option("--basis", basis,
+                    cp1252NachUtf8("Programmordner (sonst DORVANO_BASIS, "
+                                   "portabler Ordner oder XDG-Datenordner)"))
         ->type_name("ORDNER");
     wurzel.add_flag("--ja", ja, cp1252NachUtf8("Beantwortet jede Ja/Nein-Frage mit Ja"));
     wurzel.add_option("--trace", trace, cp1252NachUtf8("Trace-Maske für diesen Lauf (dezimal)"))

@@ -43,8 +43,8 @@ inline constexpr unsigned kUmfangFilme = 1u << 3;
 inline constexpr unsigned kUmfangGenres = 1u << 4;
 inline constexpr unsigned kUmfangBildformate = 1u << 5;
 inline constexpr unsigned kUmfangUntertitel = 1u << 6;
-inline constexpr unsigned kUmfangSprachen = 1u << 7;   // languages with sound formats
-inline constexpr unsigned kUmfangPersonen = 1u << 8;   // persons with their aliases
+inline constexpr unsigned kUmfangSprachen = 1u << 7;  // languages with sound formats
+inline constexpr unsigned kUmfangPersonen = 1u << 8;  // persons with their aliases
 inline constexpr unsigned kUmfangFunktionen = 1u << 9;
 inline constexpr unsigned kUmfangAlles = (1u << 10) - 1;
 

@@ -14,7 +14,8 @@ constexpr const char* kDvdRom = "DvdRom";
 
 // Platform texts (names, models) are UTF-8; the catalogue's are Windows-1252.
 std::string alsKatalogText(const std::string& utf8, std::size_t max) {
-    std::string text = ausQString(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
+    std::string text =
+        ausQString(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
     if (text.size() > max) text.resize(max);
     return text;
 }
@@ -54,7 +55,9 @@ bool speichere(Einstellungen& einstellungen, char buchstabe) {
     return einstellungen.setText(kDvdRom, format("%c", buchstabe));
 }
 
-std::string zahl(std::uint32_t wert) { return std::to_string(wert); }
+std::string zahl(std::uint32_t wert) {
+    return std::to_string(wert);
+}
 
 }  // namespace
 
@@ -102,7 +105,9 @@ bool leseDvdKopf(Laufwerke& laufwerke, const DiscQuelle& quelle,
     return true;
 }
 
-int regionAusKopf(const std::array<std::uint8_t, kDvdKopfGroesse>& kopf) { return kopf[35] ^ 255; }
+int regionAusKopf(const std::array<std::uint8_t, kDvdKopfGroesse>& kopf) {
+    return kopf[35] ^ 255;
+}
 
 std::string groessenText(std::uint32_t low, std::uint32_t high) {
     int index = 1;
@@ -117,8 +122,8 @@ std::string groessenText(std::uint32_t low, std::uint32_t high) {
     }
     // Always a full stop as decimal sign, whatever locale the process runs in.
     char text[64];
-    auto [ende, ec] = std::to_chars(text, text + sizeof text - 1, zuletzt / 1024.0,
-                                    std::chars_format::fixed, 2);
+    auto [ende, ec] =
+        std::to_chars(text, text + sizeof text - 1, zuletzt / 1024.0, std::chars_format::fixed, 2);
     if (ec != std::errc()) ende = text;
     return std::string(text, ende) + " " + groessenEinheit(index);
 }
@@ -217,7 +222,8 @@ bool waehleLaufwerk(Benutzer& benutzer, Laufwerke& laufwerke, Einstellungen& ein
         if (!speichere(einstellungen, buchstaben[0])) return false;
         buchstabe = buchstaben[0];
         benutzer.meldung("CD/DVD-Laufwerk gefunden",
-                         format("Laufwerk %c:\\ wurde übernommen.", buchstabe), Symbol::Information);
+                         format("Laufwerk %c:\\ wurde übernommen.", buchstabe),
+                         Symbol::Information);
         return true;
     }
     std::vector<std::string> eintraege;
@@ -231,8 +237,8 @@ bool waehleLaufwerk(Benutzer& benutzer, Laufwerke& laufwerke, Einstellungen& ein
         }
         eintraege.push_back(eintrag);
     }
-    const auto wahl = benutzer.waehle("CD/DVD-Laufwerk auswählen", "Laufwerk", eintraege, false,
-                                      vorauswahl);
+    const auto wahl =
+        benutzer.waehle("CD/DVD-Laufwerk auswählen", "Laufwerk", eintraege, false, vorauswahl);
     if (wahl.empty() || wahl[0] < 0 || static_cast<std::size_t>(wahl[0]) >= buchstaben.size()) {
         return false;
     }
@@ -257,8 +263,8 @@ bool setzeLaufwerk(Benutzer& benutzer, Laufwerke& laufwerke, Einstellungen& eins
 
 bool bewegeSchublade(Benutzer& benutzer, Laufwerke& laufwerke, char buchstabe, bool oeffnen) {
     const auto liste = laufwerke.liste();
-    const OptischesLaufwerk* l = buchstabe ? findeLaufwerk(liste, buchstabe)
-                                           : (liste.empty() ? nullptr : &liste.front());
+    const OptischesLaufwerk* l =
+        buchstabe ? findeLaufwerk(liste, buchstabe) : (liste.empty() ? nullptr : &liste.front());
     if (!l) {
         benutzer.meldung("Hinweis",
                          buchstabe ? format("Das Laufwerk %c: ist nicht vorhanden.", buchstabe)

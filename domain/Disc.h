@@ -21,9 +21,9 @@ class Datenbank;
 
 // Result codes of the disc read.
 inline constexpr int kDiscOk = 0;
-inline constexpr int kDiscLesefehler = -1;          // volume query or file walk failed
+inline constexpr int kDiscLesefehler = -1;           // volume query or file walk failed
 inline constexpr int kDiscFalschesDateisystem = -2;  // the file system is not "UDF"
-inline constexpr int kDiscKeinLaufwerk = -3;        // no drive letter chosen
+inline constexpr int kDiscKeinLaufwerk = -3;         // no drive letter chosen
 
 // Where the disc is read from: the image file when one is named, else the drive
 // with the letter (0: none chosen).

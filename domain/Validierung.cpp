@@ -21,7 +21,7 @@ constexpr const char* kFrage =
 // open would cost more than the repairs on a large collection. Whatever is
 // collected is written when the object goes away, also on an early return.
 class ValidierungsLog {
-public:
+  public:
     ValidierungsLog(Dateisystem& fs, std::string pfad) : fs_(fs), pfad_(std::move(pfad)) {
         fs_.loesche(pfad_);
     }
@@ -42,11 +42,12 @@ public:
 
     void leere() {
         if (puffer_.empty()) return;
-        if (auto d = fs_.oeffne(pfad_, OeffnenModus::Anhaengen)) d->haengeAn(puffer_.data(), puffer_.size());
+        if (auto d = fs_.oeffne(pfad_, OeffnenModus::Anhaengen))
+            d->haengeAn(puffer_.data(), puffer_.size());
         puffer_.clear();
     }
 
-private:
+  private:
     Dateisystem& fs_;
     std::string pfad_;
     std::string puffer_;
@@ -57,21 +58,23 @@ template <class T>
 std::vector<bool> lebendeIds(T& tabelle) {
     std::vector<bool> lebt;
     tabelle.scanne([&](const typename T::Zeile& z) {
-        if (static_cast<std::size_t>(z.Id) >= lebt.size()) lebt.resize(static_cast<std::size_t>(z.Id) * 2 + 16);
+        if (static_cast<std::size_t>(z.Id) >= lebt.size())
+            lebt.resize(static_cast<std::size_t>(z.Id) * 2 + 16);
         lebt[static_cast<std::size_t>(z.Id)] = true;
     });
     return lebt;
 }
 
 bool enthaelt(const std::vector<bool>& menge, long id) {
-    return id > 0 && static_cast<std::size_t>(id) < menge.size() && menge[static_cast<std::size_t>(id)];
+    return id > 0 && static_cast<std::size_t>(id) < menge.size() &&
+           menge[static_cast<std::size_t>(id)];
 }
 
 // Rows of a link table grouped by owner, each group in table order (the order a
 // select of the owner's rows returns them in).
 template <class Z>
 class Gruppen {
-public:
+  public:
     template <class T, class Besitzer>
     Gruppen(T& tabelle, Besitzer besitzer) {
         tabelle.scanne([&](const Z& z) { zeilen_.push_back(z); });
@@ -92,7 +95,7 @@ public:
                               zeilen_.begin() + static_cast<std::ptrdiff_t>(it->ende));
     }
 
-private:
+  private:
     struct Bereich {
         long besitzer;
         std::size_t anfang, ende;
@@ -102,7 +105,7 @@ private:
 };
 
 class Validierung {
-public:
+  public:
     Validierung(Datenbank& db, Benutzer& benutzer, ValidierungsLog& log, ValidierungsErgebnis& erg)
         : k_(db.katalog()), benutzer_(benutzer), log_(log), erg_(erg) {}
 
@@ -110,7 +113,7 @@ public:
     void phase2();
     void phase3();
 
-private:
+  private:
     // Gives the rows their ranked positions (rows in selection order); the new
     // positions are left in the rows.
     template <class T, class Z, class Schreibe>
@@ -161,11 +164,13 @@ void Validierung::phase1() {
     const Gruppen<Zeile2> dvdFilm(k_.DVD_Film, [](const Zeile2& z) { return long{z.DVD_Id}; });
 
     const long n = static_cast<long>(boxen.size());
-    log_.zeile("Normierung aller DVD- und Film-Positionen der Boxen [%d] prüfen...", static_cast<int>(n));
+    log_.zeile("Normierung aller DVD- und Film-Positionen der Boxen [%d] prüfen...",
+               static_cast<int>(n));
     for (long i = 0; i < n; ++i) {
         const long boxId = boxen[static_cast<std::size_t>(i)].first;
         fortschritt("(1/3) Normalisiere Objekte von Box %d / %d", i + 1, n);
-        log_.zeile("Box %d [%s]", static_cast<int>(boxId), boxen[static_cast<std::size_t>(i)].second.c_str());
+        log_.zeile("Box %d [%s]", static_cast<int>(boxId),
+                   boxen[static_cast<std::size_t>(i)].second.c_str());
         log_.zeile("### Alle DVD-Positionen der Box %d prüfen...", static_cast<int>(boxId));
         std::vector<Zeile7> links = dvdBox.von(boxId);
         normiere(k_.DVD_Box, links, [&](const Zeile7& z) {
@@ -285,7 +290,8 @@ std::string sichereDatenOrdner(Dateisystem& fs, const std::string& datenOrdner,
                                const std::string& backupOrdner) {
     const std::string basis = backupOrdner + "Daten_" + stempel(jetzt());
     std::string ziel = basis + "/";
-    for (int nr = 2; fs.existiert(ziel) && nr < 1000; ++nr) ziel = basis + "_" + std::to_string(nr) + "/";
+    for (int nr = 2; fs.existiert(ziel) && nr < 1000; ++nr)
+        ziel = basis + "_" + std::to_string(nr) + "/";
     if (fs.existiert(ziel) || !fs.erzeugeOrdner(ziel)) return std::string();
     if (!fs.istOrdner(datenOrdner)) return std::string();
     std::vector<std::string> kopiert;

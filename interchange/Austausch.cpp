@@ -23,7 +23,8 @@ std::uint32_t Austausch::optionen() {
     return o;
 }
 
-ImportErgebnis Austausch::importiere(const std::string& pfad, const ImportOptionen& o, long* boxId) {
+ImportErgebnis Austausch::importiere(const std::string& pfad, const ImportOptionen& o,
+                                     long* boxId) {
     BoxImport import(db_, ordner_, benutzer_);
     import.optionen = o;
     const ImportErgebnis e = import.importiere(pfad);

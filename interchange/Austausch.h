@@ -32,16 +32,18 @@ ImportOptionen importOptionen(std::uint32_t optionen);
 enum class ExportErgebnis { Exportiert, Unbekannt, KeineEan, NichtUeberschrieben, Fehler };
 
 class Austausch {
-public:
+  public:
     // All references must outlive the object.
-    Austausch(Datenbank& db, const Ordner& ordner, Benutzer& benutzer, Einstellungen& einstellungen);
+    Austausch(Datenbank& db, const Ordner& ordner, Benutzer& benutzer,
+              Einstellungen& einstellungen);
 
     void setzeFilterAbfrage(FilterAbfrage abfrage) { filter_ = std::move(abfrage); }
     // The option word "Options" (its default when not stored).
     std::uint32_t optionen();
 
     // One box file. boxId receives the new box's id when it was imported.
-    ImportErgebnis importiere(const std::string& pfad, const ImportOptionen& o, long* boxId = nullptr);
+    ImportErgebnis importiere(const std::string& pfad, const ImportOptionen& o,
+                              long* boxId = nullptr);
     // The box file of one box into ordner (ending in '/') as "<EAN>.box". A box
     // without EAN is refused with "Diese Box besitzt keine EAN."; an existing file
     // is replaced only when "Die Exportdatei existiert bereits.\nÜberschreiben?" is
@@ -52,16 +54,18 @@ public:
     StapelExportErgebnis exportiereAlle(const std::string& ordner, bool tags);
     // The folder of the last export of all boxes (empty when none is stored).
     std::string letzterExportOrdner();
-    std::vector<StapelImportEintrag> stapelImport(const std::vector<std::string>& pfade, bool mitInfo,
-                                                  const ImportOptionen& o);
+    std::vector<StapelImportEintrag> stapelImport(const std::vector<std::string>& pfade,
+                                                  bool mitInfo, const ImportOptionen& o);
     // The document of a box, DVD or film (object type 1, 2, 3) with head and tail;
     // false when there is no such object.
     bool xml(int typ, long id, const XmlOptionen& o, std::string& dokument);
     // The title of an object, for the caption "XML-Ausgabe [%s]".
     std::string titel(int typ, long id);
 
-private:
-    const NamensUebersetzer* filter(ExportArt art) const { return filter_ ? filter_(art) : nullptr; }
+  private:
+    const NamensUebersetzer* filter(ExportArt art) const {
+        return filter_ ? filter_(art) : nullptr;
+    }
 
     Datenbank& db_;
     const Ordner& ordner_;

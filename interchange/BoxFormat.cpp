@@ -17,9 +17,12 @@ std::uint32_t leseU32(const unsigned char* p) {
 
 const char* bildEndung(int bildTyp) {
     switch (bildTyp) {
-        case kBildJpg: return "jpg";
-        case kBildGif: return "gif";
-        default: return "bmp";
+        case kBildJpg:
+            return "jpg";
+        case kBildGif:
+            return "gif";
+        default:
+            return "bmp";
     }
 }
 
@@ -50,8 +53,10 @@ bool istZahlToken(std::uint8_t token) {
         case IMP_EXP_DVD_JAHR:
         case IMP_EXP_FILM_FSK:
         case IMP_EXP_FILM_JAHR:
-        case IMP_EXP_FILM_LEN: return true;
-        default: return false;
+        case IMP_EXP_FILM_LEN:
+            return true;
+        default:
+            return false;
     }
 }
 

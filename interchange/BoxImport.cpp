@@ -186,10 +186,13 @@ bool BoxImport::erzeugeFilm(long dvdId, const ImportFilm& f) {
     if (!f.original.empty() || !f.weitere.empty())
         ok = db_.schreibeFilmTitel(film, FilmTitel{f.titel, f.original, f.weitere});
     const std::pair<const std::vector<ImportName>*, int> listen[] = {
-        {&f.bildformate, kTypBildformat}, {&f.genres, kTypGenre},
-        {&f.untertitel, kTypUntertitel},  {&f.funktionen, kTypFunktion}};
+        {&f.bildformate, kTypBildformat},
+        {&f.genres, kTypGenre},
+        {&f.untertitel, kTypUntertitel},
+        {&f.funktionen, kTypFunktion}};
     for (const auto& [liste, typ] : listen)
-        if (const auto v = ids(*liste); ok && !v.empty()) ok = db_.schreibeFilmObjekte(film, typ, v);
+        if (const auto v = ids(*liste); ok && !v.empty())
+            ok = db_.schreibeFilmObjekte(film, typ, v);
 
     auto nimm = [](const std::vector<ImportName>& l, long pos) {
         return pos >= 1 && pos <= static_cast<long>(l.size()) ? l[pos - 1].id : 0;
@@ -204,7 +207,8 @@ bool BoxImport::erzeugeFilm(long dvdId, const ImportFilm& f) {
     std::vector<PersonEintrag> personen;
     std::vector<bool> mitAlias(f.personen.size(), false);
     for (const auto& [p, fk] : f.personFunktion) {
-        const long person = p >= 1 && p <= static_cast<long>(f.personen.size()) ? f.personen[p - 1].id : 0;
+        const long person =
+            p >= 1 && p <= static_cast<long>(f.personen.size()) ? f.personen[p - 1].id : 0;
         const long funktion = nimm(f.funktionen, fk);
         if (person <= 0 || funktion <= 0) continue;
         PersonEintrag e{person, funktion, {}};

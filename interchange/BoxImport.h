@@ -41,7 +41,7 @@ enum class ImportErgebnis {
 };
 
 class BoxImport {
-public:
+  public:
     // All references must outlive the object.
     BoxImport(Datenbank& db, const Ordner& ordner, Benutzer& benutzer);
 
@@ -62,7 +62,7 @@ public:
     // Resolves one person; false only when the user aborted.
     bool importObj8(ImportPerson& p);
 
-private:
+  private:
     // Reads the lookup table once for this import (rows in table order and the
     // first id of each folded name).
     Tabelle1* tabelle(int typ);

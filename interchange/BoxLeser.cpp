@@ -35,8 +35,7 @@ bool entpackeBlock(std::string_view block, std::uint32_t limit, std::string& out
     // uncompress wants a non-null target even for an empty result.
     unsigned char leer = 0;
     auto* zeiger = laenge ? reinterpret_cast<Bytef*>(ziel.data()) : &leer;
-    const int rc = ::uncompress(zeiger, &n,
-                                reinterpret_cast<const Bytef*>(block.data() + 4),
+    const int rc = ::uncompress(zeiger, &n, reinterpret_cast<const Bytef*>(block.data() + 4),
                                 static_cast<uLong>(strom));
     if (rc != Z_OK || n != laenge) return false;
     out.swap(ziel);
@@ -47,10 +46,11 @@ bool packeBlock(std::string_view roh, std::string& out) {
     if (roh.size() > 0xFFFFFFFFu) return false;
     uLongf n = ::compressBound(static_cast<uLong>(roh.size()));
     std::string ziel(4 + n, '\0');
-    box::schreibeU32(reinterpret_cast<unsigned char*>(ziel.data()), static_cast<std::uint32_t>(roh.size()));
-    const int rc = ::compress(reinterpret_cast<Bytef*>(ziel.data() + 4), &n,
-                              reinterpret_cast<const Bytef*>(roh.data()),
-                              static_cast<uLong>(roh.size()));
+    box::schreibeU32(reinterpret_cast<unsigned char*>(ziel.data()),
+                     static_cast<std::uint32_t>(roh.size()));
+    const int rc =
+        ::compress(reinterpret_cast<Bytef*>(ziel.data() + 4), &n,
+                   reinterpret_cast<const Bytef*>(roh.data()), static_cast<uLong>(roh.size()));
     if (rc != Z_OK) return false;
     ziel.resize(4 + n);
     out.swap(ziel);
@@ -65,8 +65,8 @@ bool naechsterBoxEintrag(std::string_view daten, std::size_t pos, BoxEintrag& e)
     const bool lang = box::istLangerToken(token);
     const std::size_t kopf = lang ? 3 : 2;
     if (rest < kopf) return false;
-    const std::size_t laenge = lang ? (p[pos + 1] | static_cast<std::size_t>(p[pos + 2]) << 8)
-                                    : p[pos + 1];
+    const std::size_t laenge =
+        lang ? (p[pos + 1] | static_cast<std::size_t>(p[pos + 2]) << 8) : p[pos + 1];
     if (laenge > rest - kopf) return false;
     e.token = token;
     e.wert = daten.substr(pos + kopf, laenge);
@@ -79,7 +79,8 @@ bool naechsterBoxEintrag(std::string_view daten, std::size_t pos, BoxEintrag& e)
         char puffer[16];
         if (token == box::IMP_EXP_DVD_SN || token == box::IMP_EXP_DVD_LOW ||
             token == box::IMP_EXP_DVD_HIGH)
-            std::snprintf(puffer, sizeof puffer, "%ld", static_cast<long>(static_cast<std::int32_t>(v)));
+            std::snprintf(puffer, sizeof puffer, "%ld",
+                          static_cast<long>(static_cast<std::int32_t>(v)));
         else
             std::snprintf(puffer, sizeof puffer, "%d", static_cast<int>(v));
         e.text = puffer;

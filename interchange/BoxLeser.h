@@ -22,8 +22,8 @@ namespace dv {
 // One entry of the data block.
 struct BoxEintrag {
     std::uint8_t token = 0;
-    std::string_view wert;   // the raw value bytes (points into the data block)
-    std::string text;        // the value as text (see naechsterBoxEintrag)
+    std::string_view wert;       // the raw value bytes (points into the data block)
+    std::string text;            // the value as text (see naechsterBoxEintrag)
     std::size_t verbraucht = 0;  // bytes of the whole entry: length + 2 (long: + 3)
 };
 
@@ -38,7 +38,7 @@ bool naechsterBoxEintrag(std::string_view daten, std::size_t pos, BoxEintrag& e)
 bool datenVollstaendig(std::string_view daten);
 
 class BoxLeser {
-public:
+  public:
     // Reads the file whole. False, with the reader emptied, when it cannot be read,
     // is larger than any box file can be, or is not a well-formed box file.
     bool lese(Dateisystem& fs, const std::string& pfad);
@@ -55,7 +55,7 @@ public:
     bool bildGepackt() const { return bildGepackt_; }
     const std::string& daten() const { return daten_; }
 
-private:
+  private:
     bool gueltig_ = false;
     box::Kopf kopf_;
     std::string bild_;

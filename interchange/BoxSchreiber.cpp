@@ -48,8 +48,12 @@ std::string verbunden(const std::vector<std::string>& tags) {
     return t;
 }
 
-const char* name(const ObjektElement& e) { return e.pObjekt1 ? e.pObjekt1->zeile.cpText : ""; }
-const char* name2(const ObjektElement& e) { return e.pObjekt2 ? e.pObjekt2->zeile.cpText : ""; }
+const char* name(const ObjektElement& e) {
+    return e.pObjekt1 ? e.pObjekt1->zeile.cpText : "";
+}
+const char* name2(const ObjektElement& e) {
+    return e.pObjekt2 ? e.pObjekt2->zeile.cpText : "";
+}
 
 // A film's numbered list: entries by first appearance, one per non-zero id.
 struct Nummern {
@@ -146,7 +150,8 @@ void BoxSchreiber::filmEintraege(const FilmElement& f, std::string& out) {
     Nummern sprachen, tonformate, funktionen, personen;
     std::vector<std::string> sprachPaare, personPaare, aliase;
     for (const ObjektElement* e = f.pSprachen; e; e = e->pNext) {
-        const long s = sprachen.nimm(e->Id, uebersetzterName(filter_, kFilterSprachen, e->Id, name(*e)));
+        const long s =
+            sprachen.nimm(e->Id, uebersetzterName(filter_, kFilterSprachen, e->Id, name(*e)));
         const long t = e->pObjekt2
                            ? tonformate.nimm(e->Id2, uebersetzterName(filter_, kFilterTonformate,
                                                                       e->Id2, name2(*e)))
@@ -163,16 +168,18 @@ void BoxSchreiber::filmEintraege(const FilmElement& f, std::string& out) {
                       static_cast<int>(z.Instanz));
         const long pos = personen.nimm(z.Id, eintrag);
         const std::string& fname = quelle_.lookupName(kTypFunktion, p->lFunktion);
-        const long fpos = fname.empty() ? -1
-                                        : funktionen.nimm(p->lFunktion,
-                                                          uebersetzterName(filter_, kFilterFunktionen,
-                                                                           p->lFunktion, fname));
+        const long fpos =
+            fname.empty()
+                ? -1
+                : funktionen.nimm(p->lFunktion, uebersetzterName(filter_, kFilterFunktionen,
+                                                                 p->lFunktion, fname));
         personPaare.push_back(paar(pos, fpos));
         for (const ListenElement* a = p->pAlias; a; a = a->pNext) {
             const auto* row = static_cast<const Zeile1*>(a->pObjekt);
             if (!row || row->cpText[0] == '\0') continue;
             const std::string alias = std::to_string(pos) + '\t' + row->cpText;
-            if (std::find(aliase.begin(), aliase.end(), alias) == aliase.end()) aliase.push_back(alias);
+            if (std::find(aliase.begin(), aliase.end(), alias) == aliase.end())
+                aliase.push_back(alias);
         }
     }
     for (const std::string& n : sprachen.namen) text(out, IMP_EXP_FILM_SPRACHE, n);
@@ -238,9 +245,11 @@ bool BoxSchreiber::baue(const BoxElement& b, std::string& datei) {
     k.osBuild = os.build;
     const LokaleZeit t = jetzt();
     char puffer[32];
-    std::snprintf(puffer, sizeof puffer, "%04d%02d%02d", t.jahr % 10000, t.monat % 100, t.tag % 100);
+    std::snprintf(puffer, sizeof puffer, "%04d%02d%02d", t.jahr % 10000, t.monat % 100,
+                  t.tag % 100);
     std::memcpy(k.datum, puffer, sizeof k.datum);
-    std::snprintf(puffer, sizeof puffer, "%02d%02d%02d", t.stunde % 100, t.minute % 100, t.sekunde % 100);
+    std::snprintf(puffer, sizeof puffer, "%02d%02d%02d", t.stunde % 100, t.minute % 100,
+                  t.sekunde % 100);
     std::memcpy(k.zeit, puffer, sizeof k.zeit);
     k.flags = static_cast<std::uint8_t>(bildTyp);
 

@@ -31,7 +31,7 @@ struct Betriebssystem {
 Betriebssystem betriebssystem();
 
 class BoxSchreiber {
-public:
+  public:
     // quelle (and the translator, when given) must outlive the writer.
     explicit BoxSchreiber(ExportQuelle& quelle, const NamensUebersetzer* filter = nullptr)
         : quelle_(quelle), filter_(filter) {}
@@ -51,7 +51,7 @@ public:
     static std::string zielPfad(const BoxElement& box, const std::string& ordner,
                                 const std::string& dateiName = std::string());
 
-private:
+  private:
     std::string datenBlock(const BoxElement& box);
     void dvdEintraege(const DvdElement& dvd, std::string& out);
     void filmEintraege(const FilmElement& film, std::string& out);

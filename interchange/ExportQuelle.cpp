@@ -165,7 +165,8 @@ std::string ExportQuelle::kommentar(long filmId) {
 
 std::vector<std::string> ExportQuelle::tags(int objektTyp, long id) {
     auto* v = verzeichnis(ordner_.tags);
-    const std::string name = std::to_string(objektTyp) + "_" + std::to_string(id) + "." + kTagEndung;
+    const std::string name =
+        std::to_string(objektTyp) + "_" + std::to_string(id) + "." + kTagEndung;
     if (v && !v->count(name)) return {};
     return leseTags(db_.fs(), ordner_.tags, objektTyp, id);
 }

@@ -29,7 +29,7 @@ std::string findeCover(Dateisystem& fs, const std::string& coverOrdner, long box
 std::string dateiEndung(const std::string& pfad);
 
 class ExportQuelle {
-public:
+  public:
     ExportQuelle(Datenbank& db, const Ordner& ordner);
     ExportQuelle(const ExportQuelle&) = delete;
     ExportQuelle& operator=(const ExportQuelle&) = delete;
@@ -56,7 +56,7 @@ public:
 
     Datenbank& db() { return db_; }
 
-private:
+  private:
     void ladeTitel();
     std::unordered_set<std::string>* verzeichnis(const std::string& ordner);
 

@@ -52,17 +52,27 @@ std::string dialogLabel(int typ) {
 
 const char* traceName(int typ) {
     switch (typ) {
-        case kTypVerpackung: return "importObj1(I_VERPACKUNG)";
+        case kTypVerpackung:
+            return "importObj1(I_VERPACKUNG)";
         case kTypExtras:
-        case kTypBoxExtras: return "importObj1(I_EXTRA)";
-        case kTypFormat: return "importObj1(I_FORMAT)";
-        case kTypBildformat: return "importObj1(I_BILDFORMAT)";
-        case kTypGenre: return "importObj1(I_GENRE)";
-        case kTypUntertitel: return "importObj1(I_UNTERTITEL)";
-        case kTypSprache: return "importObj1(I_SPRACHE)";
-        case kTypTonformat: return "importObj1(I_TONFORMAT)";
-        case kTypFunktion: return "importObj1(I_FUNKTION)";
-        default: return "importObj1()";
+        case kTypBoxExtras:
+            return "importObj1(I_EXTRA)";
+        case kTypFormat:
+            return "importObj1(I_FORMAT)";
+        case kTypBildformat:
+            return "importObj1(I_BILDFORMAT)";
+        case kTypGenre:
+            return "importObj1(I_GENRE)";
+        case kTypUntertitel:
+            return "importObj1(I_UNTERTITEL)";
+        case kTypSprache:
+            return "importObj1(I_SPRACHE)";
+        case kTypTonformat:
+            return "importObj1(I_TONFORMAT)";
+        case kTypFunktion:
+            return "importObj1(I_FUNKTION)";
+        default:
+            return "importObj1()";
     }
 }
 
@@ -121,7 +131,8 @@ bool BoxImport::importObj1(int typ, ImportName& n) {
             listenFelder.push_back({text});
         }
         bool alleOk = false;
-        const Bestaetigung b = bestaetigeObjekt(benutzer_, d, listenFelder, {kImportNameMax}, alleOk);
+        const Bestaetigung b =
+            bestaetigeObjekt(benutzer_, d, listenFelder, {kImportNameMax}, alleOk);
         if (alleOk) fragen_ = false;
         if (b.entscheidung == Entscheidung::Abbrechen) {
             zeile("Abbruch / " + label + " <" + name + ">");
@@ -200,7 +211,8 @@ bool BoxImport::importObj8(ImportPerson& p) {
         d.felder = {p.name, p.vorname, std::to_string(p.instanz)};
         std::vector<std::vector<std::string>> listenFelder;
         for (const Zeile8& z : allePersonen()) {
-            d.liste.push_back(personText(z.cpName, z.cpVorname) + " (" + std::to_string(z.Instanz) + ")");
+            d.liste.push_back(personText(z.cpName, z.cpVorname) + " (" + std::to_string(z.Instanz) +
+                              ")");
             listenFelder.push_back({z.cpName, z.cpVorname, std::to_string(z.Instanz)});
         }
         bool alleOk = false;

@@ -12,9 +12,13 @@ namespace {
 
 using namespace box;
 
-std::string kappe(const std::string& s, std::size_t n) { return s.size() > n ? s.substr(0, n) : s; }
+std::string kappe(const std::string& s, std::size_t n) {
+    return s.size() > n ? s.substr(0, n) : s;
+}
 
-long zahl(const std::string& s) { return std::strtol(s.c_str(), nullptr, 10); }
+long zahl(const std::string& s) {
+    return std::strtol(s.c_str(), nullptr, 10);
+}
 
 // A lookup name on its way in: the hook only gives the processor away.
 ImportName lookup(const std::string& s) {
@@ -47,7 +51,7 @@ ImportPerson person(const std::string& s) {
 }
 
 class Walker {
-public:
+  public:
     explicit Walker(ImportBox& b) : b_(b) {}
 
     void eintrag(const BoxEintrag& e) {
@@ -68,37 +72,67 @@ public:
         if (film_) filmEintrag(e);
     }
 
-private:
+  private:
     bool boxEintrag(const BoxEintrag& e) {
         switch (e.token) {
-            case IMP_EXP_BOX: b_.anzahlDvds = static_cast<int>(zahl(e.text)); return true;
-            case IMP_EXP_BOX_TITEL: b_.titel = kappe(e.text, kImportTitelMax); return true;
-            case IMP_EXP_BOX_EAN: b_.ean = kappe(e.text, kImportEanMax); return true;
-            case IMP_EXP_BOX_VERP: b_.verpackung = lookup(e.text); return true;
-            case IMP_EXP_BOX_EXTRAS: b_.extras.push_back(lookup(e.text)); return true;
+            case IMP_EXP_BOX:
+                b_.anzahlDvds = static_cast<int>(zahl(e.text));
+                return true;
+            case IMP_EXP_BOX_TITEL:
+                b_.titel = kappe(e.text, kImportTitelMax);
+                return true;
+            case IMP_EXP_BOX_EAN:
+                b_.ean = kappe(e.text, kImportEanMax);
+                return true;
+            case IMP_EXP_BOX_VERP:
+                b_.verpackung = lookup(e.text);
+                return true;
+            case IMP_EXP_BOX_EXTRAS:
+                b_.extras.push_back(lookup(e.text));
+                return true;
             case IMP_EXP_BOX_TAGS:
                 if (!e.text.empty()) b_.tags = e.text;
                 return true;
-            default: return false;
+            default:
+                return false;
         }
     }
 
     bool dvdEintrag(const BoxEintrag& e) {
         ImportDvd& d = *dvd_;
         switch (e.token) {
-            case IMP_EXP_DVD_TITEL: d.titel = kappe(e.text, kImportTitelMax); return true;
-            case IMP_EXP_DVD_RC: d.rc = static_cast<std::int8_t>(zahl(e.text)); return true;
-            case IMP_EXP_DVD_OPT: d.opt = static_cast<std::int8_t>(zahl(e.text)); return true;
-            case IMP_EXP_DVD_SN: d.sn = static_cast<std::uint32_t>(zahl(e.text)); return true;
-            case IMP_EXP_DVD_LOW: d.bytesLow = static_cast<std::uint32_t>(zahl(e.text)); return true;
-            case IMP_EXP_DVD_HIGH: d.bytesHigh = static_cast<std::uint32_t>(zahl(e.text)); return true;
-            case IMP_EXP_DVD_JAHR: d.jahr = static_cast<int>(zahl(e.text)); return true;
-            case IMP_EXP_DVD_FORMAT: d.format = lookup(e.text); return true;
-            case IMP_EXP_DVD_EXTRAS: d.extras.push_back(lookup(e.text)); return true;
+            case IMP_EXP_DVD_TITEL:
+                d.titel = kappe(e.text, kImportTitelMax);
+                return true;
+            case IMP_EXP_DVD_RC:
+                d.rc = static_cast<std::int8_t>(zahl(e.text));
+                return true;
+            case IMP_EXP_DVD_OPT:
+                d.opt = static_cast<std::int8_t>(zahl(e.text));
+                return true;
+            case IMP_EXP_DVD_SN:
+                d.sn = static_cast<std::uint32_t>(zahl(e.text));
+                return true;
+            case IMP_EXP_DVD_LOW:
+                d.bytesLow = static_cast<std::uint32_t>(zahl(e.text));
+                return true;
+            case IMP_EXP_DVD_HIGH:
+                d.bytesHigh = static_cast<std::uint32_t>(zahl(e.text));
+                return true;
+            case IMP_EXP_DVD_JAHR:
+                d.jahr = static_cast<int>(zahl(e.text));
+                return true;
+            case IMP_EXP_DVD_FORMAT:
+                d.format = lookup(e.text);
+                return true;
+            case IMP_EXP_DVD_EXTRAS:
+                d.extras.push_back(lookup(e.text));
+                return true;
             case IMP_EXP_DVD_TAGS:
                 if (!e.text.empty()) d.tags = e.text;
                 return true;
-            default: return false;
+            default:
+                return false;
         }
     }
 
@@ -106,24 +140,48 @@ private:
         ImportFilm& f = *film_;
         std::pair<long, long> p;
         switch (e.token) {
-            case IMP_EXP_FILM_TITEL: f.titel = kappe(e.text, kImportTitelMax); break;
-            case IMP_EXP_FILM_ORIG_TITEL: f.original = kappe(e.text, kImportTitelMax); break;
+            case IMP_EXP_FILM_TITEL:
+                f.titel = kappe(e.text, kImportTitelMax);
+                break;
+            case IMP_EXP_FILM_ORIG_TITEL:
+                f.original = kappe(e.text, kImportTitelMax);
+                break;
             case IMP_EXP_FILM_ALTERNATIV_TITEL:
                 if (!e.text.empty()) f.weitere.push_back(kappe(e.text, kImportTitelMax));
                 break;
-            case IMP_EXP_FILM_FSK: f.fsk = static_cast<int>(zahl(e.text)); break;
-            case IMP_EXP_FILM_JAHR: f.jahr = static_cast<int>(zahl(e.text)); break;
-            case IMP_EXP_FILM_LEN: f.laenge = static_cast<int>(zahl(e.text)); break;
-            case IMP_EXP_FILM_BILDFORMAT: f.bildformate.push_back(lookup(e.text)); break;
-            case IMP_EXP_FILM_GENRE: f.genres.push_back(lookup(e.text)); break;
-            case IMP_EXP_FILM_UNTERTITEL: f.untertitel.push_back(lookup(e.text)); break;
-            case IMP_EXP_FILM_SPRACHE: f.sprachen.push_back(lookup(e.text)); break;
-            case IMP_EXP_FILM_TONFORMAT: f.tonformate.push_back(lookup(e.text)); break;
+            case IMP_EXP_FILM_FSK:
+                f.fsk = static_cast<int>(zahl(e.text));
+                break;
+            case IMP_EXP_FILM_JAHR:
+                f.jahr = static_cast<int>(zahl(e.text));
+                break;
+            case IMP_EXP_FILM_LEN:
+                f.laenge = static_cast<int>(zahl(e.text));
+                break;
+            case IMP_EXP_FILM_BILDFORMAT:
+                f.bildformate.push_back(lookup(e.text));
+                break;
+            case IMP_EXP_FILM_GENRE:
+                f.genres.push_back(lookup(e.text));
+                break;
+            case IMP_EXP_FILM_UNTERTITEL:
+                f.untertitel.push_back(lookup(e.text));
+                break;
+            case IMP_EXP_FILM_SPRACHE:
+                f.sprachen.push_back(lookup(e.text));
+                break;
+            case IMP_EXP_FILM_TONFORMAT:
+                f.tonformate.push_back(lookup(e.text));
+                break;
             case IMP_EXP_FILM_SPRACHEN_TONFORMAT:
                 if (paar(e.text, p)) f.sprachTon.push_back(p);
                 break;
-            case IMP_EXP_FILM_FUNKTION: f.funktionen.push_back(lookup(e.text)); break;
-            case IMP_EXP_FILM_PERSON: f.personen.push_back(person(e.text)); break;
+            case IMP_EXP_FILM_FUNKTION:
+                f.funktionen.push_back(lookup(e.text));
+                break;
+            case IMP_EXP_FILM_PERSON:
+                f.personen.push_back(person(e.text));
+                break;
             case IMP_EXP_FILM_PERSON_FUNKTION:
                 if (paar(e.text, p)) f.personFunktion.push_back(p);
                 break;
@@ -134,12 +192,17 @@ private:
                                          kappe(e.text.substr(tab + 1), kImportNameMax));
                 break;
             }
-            case IMP_EXP_FILM_INHALT: f.inhalt = e.text; break;
-            case IMP_EXP_FILM_KOMMENTAR: f.kommentar = e.text; break;
+            case IMP_EXP_FILM_INHALT:
+                f.inhalt = e.text;
+                break;
+            case IMP_EXP_FILM_KOMMENTAR:
+                f.kommentar = e.text;
+                break;
             case IMP_EXP_FILM_TAGS:
                 if (!e.text.empty()) f.tags = e.text;
                 break;
-            default: break;
+            default:
+                break;
         }
     }
 

@@ -14,7 +14,7 @@ namespace dv {
 
 inline constexpr std::size_t kImportTitelMax = 64;
 inline constexpr std::size_t kImportEanMax = 16;
-inline constexpr std::size_t kImportNameMax = 128;  // lookup names, packaging
+inline constexpr std::size_t kImportNameMax = 128;   // lookup names, packaging
 inline constexpr std::size_t kImportPersonMax = 64;  // last and first name
 
 struct ImportName {

@@ -51,7 +51,8 @@ Bestaetigung bestaetigeObjekt(Benutzer& benutzer, ObjektDialog d,
                 wirkung = normal && d.auswahlMoeglich;
                 if (wirkung) d.modus = ObjektModus::Auswahl;
                 break;
-            case ObjektTaste::Nicht: return {Entscheidung::Ignorieren, {}};
+            case ObjektTaste::Nicht:
+                return {Entscheidung::Ignorieren, {}};
             case ObjektTaste::Letzte:
                 if (normal) return {Entscheidung::Abbrechen, {}};
                 d.modus = ObjektModus::Normal;

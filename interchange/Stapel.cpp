@@ -22,8 +22,8 @@ std::string exportFortschritt(int nummer, int gesamt, const std::string& ean,
                               const std::string& titel, int nichtExportiert) {
     const std::string kurz = titel.size() > 25 ? titel.substr(0, 25) + "..." : titel;
     return "Exportiere Box " + std::to_string(nummer) + " von " + std::to_string(gesamt) + "\r\n" +
-           ean + ".box\r\n{" + kurz + "}\r\nNicht exportierte Boxen: " +
-           std::to_string(nichtExportiert);
+           ean + ".box\r\n{" + kurz +
+           "}\r\nNicht exportierte Boxen: " + std::to_string(nichtExportiert);
 }
 
 StapelExportErgebnis exportiereAlle(Datenbank& db, ExportQuelle& quelle, BoxSchreiber& schreiber,
@@ -53,8 +53,7 @@ StapelExportErgebnis exportiereAlle(Datenbank& db, ExportQuelle& quelle, BoxSchr
 
 std::vector<StapelImportEintrag> stapelImport(BoxImport& import, Benutzer& benutzer,
                                               Dateisystem& fs,
-                                              const std::vector<std::string>& pfade,
-                                              bool mitInfo) {
+                                              const std::vector<std::string>& pfade, bool mitInfo) {
     std::vector<StapelImportEintrag> ergebnis;
     int importiert = 0;
     for (std::size_t i = 0; i < pfade.size(); ++i) {
@@ -65,10 +64,11 @@ std::vector<StapelImportEintrag> stapelImport(BoxImport& import, Benutzer& benut
         if (mitInfo) {
             const BoxVorschau v = leser.gueltig() ? vorschau(leser.daten()) : BoxVorschau{};
             const std::string am = leser.gueltig() ? exportiertAm(leser.kopf()) : std::string();
-            e.uebersprungen = !benutzer.info("Import-Info", {{"Box-Titel:", v.titel},
-                                                             {"EAN:", v.ean},
-                                                             {"Anzahl Dvds:", std::to_string(v.anzahlDvds)},
-                                                             {"Exportiert am:", am}});
+            e.uebersprungen =
+                !benutzer.info("Import-Info", {{"Box-Titel:", v.titel},
+                                               {"EAN:", v.ean},
+                                               {"Anzahl Dvds:", std::to_string(v.anzahlDvds)},
+                                               {"Exportiert am:", am}});
         }
         if (!e.uebersprungen) {
             e.ergebnis = import.importiere(leser);
@@ -76,9 +76,10 @@ std::vector<StapelImportEintrag> stapelImport(BoxImport& import, Benutzer& benut
         }
         if (benutzer.unterbrechen()) {
             char text[160];
-            std::snprintf(text, sizeof text,
-                          "Importierte Boxen: %d\nNoch weitere Boxen: %d\nImport wirklich abbrechen?",
-                          importiert, static_cast<int>(pfade.size() - i - 1));
+            std::snprintf(
+                text, sizeof text,
+                "Importierte Boxen: %d\nNoch weitere Boxen: %d\nImport wirklich abbrechen?",
+                importiert, static_cast<int>(pfade.size() - i - 1));
             if (benutzer.frage("Import abbrechen", text)) {
                 e.behalten = true;
                 ergebnis.push_back(e);

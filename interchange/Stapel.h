@@ -44,7 +44,6 @@ struct StapelImportEintrag {
 // Returns one entry per file handled.
 std::vector<StapelImportEintrag> stapelImport(BoxImport& import, Benutzer& benutzer,
                                               Dateisystem& fs,
-                                              const std::vector<std::string>& pfade,
-                                              bool mitInfo);
+                                              const std::vector<std::string>& pfade, bool mitInfo);
 
 }  // namespace dv

@@ -6,15 +6,24 @@ namespace dv {
 
 int lookupTypVonFilterTyp(int filterTyp) {
     switch (filterTyp) {
-        case kFilterBildformate: return kTypBildformat;
-        case kFilterExtras: return kTypExtras;
-        case kFilterDvdFormate: return kTypFormat;
-        case kFilterFunktionen: return kTypFunktion;
-        case kFilterGenre: return kTypGenre;
-        case kFilterSprachen: return kTypSprache;
-        case kFilterTonformate: return kTypTonformat;
-        case kFilterVerpackung: return kTypVerpackung;
-        default: return 0;
+        case kFilterBildformate:
+            return kTypBildformat;
+        case kFilterExtras:
+            return kTypExtras;
+        case kFilterDvdFormate:
+            return kTypFormat;
+        case kFilterFunktionen:
+            return kTypFunktion;
+        case kFilterGenre:
+            return kTypGenre;
+        case kFilterSprachen:
+            return kTypSprache;
+        case kFilterTonformate:
+            return kTypTonformat;
+        case kFilterVerpackung:
+            return kTypVerpackung;
+        default:
+            return 0;
     }
 }
 

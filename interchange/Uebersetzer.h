@@ -24,7 +24,7 @@ inline constexpr int kFilterVerpackung = 8;
 int lookupTypVonFilterTyp(int filterTyp);
 
 class NamensUebersetzer {
-public:
+  public:
     virtual ~NamensUebersetzer() = default;
     // True, with extern_ set, when the entry has a translation; otherwise false
     // and extern_ untouched.

@@ -1,16 +1,20 @@
 #include "interchange/XmlExport.h"
 
+#include <strings.h>
 #include <QByteArray>
 #include <cstdio>
-#include <strings.h>
 
 #include "app/base/Optionen.h"
 
 namespace dv {
 namespace {
 
-const char* name(const ObjektElement& e) { return e.pObjekt1 ? e.pObjekt1->zeile.cpText : ""; }
-const char* name2(const ObjektElement& e) { return e.pObjekt2 ? e.pObjekt2->zeile.cpText : ""; }
+const char* name(const ObjektElement& e) {
+    return e.pObjekt1 ? e.pObjekt1->zeile.cpText : "";
+}
+const char* name2(const ObjektElement& e) {
+    return e.pObjekt2 ? e.pObjekt2->zeile.cpText : "";
+}
 
 std::string element(const char* tag, const std::string& wert) {
     return std::string("<") + tag + ">" + xmlText(wert) + "</" + tag + ">";
@@ -20,7 +24,9 @@ std::string attribut(const char* name, const std::string& wert) {
     return std::string(" ") + name + "=\"" + xmlText(wert) + "\"";
 }
 
-std::string zahl(long v) { return std::to_string(v); }
+std::string zahl(long v) {
+    return std::to_string(v);
+}
 
 // The MIME subtype of the data URI after the cover's extension.
 const char* bildArt(const std::string& endung) {
@@ -44,12 +50,23 @@ std::string xmlText(const std::string& text) {
     out.reserve(text.size());
     for (char c : text) {
         switch (c) {
-            case '&': out += "&amp;"; break;
-            case '<': out += "&lt;"; break;
-            case '>': out += "&gt;"; break;
-            case '\'': out += "&apos;"; break;
-            case '"': out += "&quot;"; break;
-            default: out += c;
+            case '&':
+                out += "&amp;";
+                break;
+            case '<':
+                out += "&lt;";
+                break;
+            case '>':
+                out += "&gt;";
+                break;
+            case '\'':
+                out += "&apos;";
+                break;
+            case '"':
+                out += "&quot;";
+                break;
+            default:
+                out += c;
         }
     }
     return out;
@@ -114,7 +131,8 @@ void XmlExport::boxZeilen(const BoxElement& b) {
     if (optionen.cover) kopf += coverAttribut(b.Id);
     zeilen_.push_back(kopf + ">");
     for (const ObjektElement* e = b.pExtras; e; e = e->pNext)
-        zeilen_.push_back(element("Extra", uebersetzterName(filter_, kFilterExtras, e->Id, name(*e))));
+        zeilen_.push_back(
+            element("Extra", uebersetzterName(filter_, kFilterExtras, e->Id, name(*e))));
     if (optionen.unterobjekte)
         for (const DvdElement* d = b.pDvds; d; d = d->pNext) dvdZeilen(*d);
     zeilen_.push_back("</Box>");
@@ -128,7 +146,8 @@ void XmlExport::dvdZeilen(const DvdElement& d) {
                       attribut("BytesHigh", zahl(d.BytesHigh)) + attribut("Format", format) + ">");
     zeilen_.push_back("<RC>" + zahl(static_cast<std::uint8_t>(d.RC)) + "</RC>");
     for (const ObjektElement* e = d.pExtras; e; e = e->pNext)
-        zeilen_.push_back(element("Extra", uebersetzterName(filter_, kFilterExtras, e->Id, name(*e))));
+        zeilen_.push_back(
+            element("Extra", uebersetzterName(filter_, kFilterExtras, e->Id, name(*e))));
     if (optionen.unterobjekte)
         for (const FilmElement* f = d.pFilme; f; f = f->pNext) filmZeilen(*f);
     zeilen_.push_back("</Dvd>");
@@ -142,16 +161,20 @@ void XmlExport::filmZeilen(const FilmElement& f) {
     if (titel.weitere.empty()) zeilen_.push_back(element("Alternativ-Titel", ""));
     for (const std::string& w : titel.weitere) zeilen_.push_back(element("Alternativ-Titel", w));
     for (const ObjektElement* e = f.pBildformate; e; e = e->pNext)
-        zeilen_.push_back(element("Bildformat", uebersetzterName(filter_, kFilterBildformate, e->Id, name(*e))));
+        zeilen_.push_back(
+            element("Bildformat", uebersetzterName(filter_, kFilterBildformate, e->Id, name(*e))));
     for (const ObjektElement* e = f.pGenres; e; e = e->pNext)
-        zeilen_.push_back(element("Genre", uebersetzterName(filter_, kFilterGenre, e->Id, name(*e))));
+        zeilen_.push_back(
+            element("Genre", uebersetzterName(filter_, kFilterGenre, e->Id, name(*e))));
     for (const ObjektElement* e = f.pSprachen; e; e = e->pNext) {
         const std::string ton = uebersetzterName(filter_, kFilterTonformate, e->Id2, name2(*e));
         const std::string sprache = uebersetzterName(filter_, kFilterSprachen, e->Id, name(*e));
-        zeilen_.push_back("<Sprache" + attribut("Tonformat", ton) + ">" + xmlText(sprache) + "</Sprache>");
+        zeilen_.push_back("<Sprache" + attribut("Tonformat", ton) + ">" + xmlText(sprache) +
+                          "</Sprache>");
     }
     for (const ObjektElement* e = f.pUntertitel; e; e = e->pNext)
-        zeilen_.push_back(element("Untertitel", uebersetzterName(filter_, kFilterSprachen, e->Id, name(*e))));
+        zeilen_.push_back(
+            element("Untertitel", uebersetzterName(filter_, kFilterSprachen, e->Id, name(*e))));
     personZeilen(f);
     zeilen_.push_back(element("Inhalt", quelle_.inhalt(f.Id)));
     zeilen_.push_back(element("Kommentar", quelle_.kommentar(f.Id)));
@@ -170,17 +193,18 @@ void XmlExport::personZeilen(const FilmElement& f) {
     }
     for (const PersonenElement* p : erste) {
         const Zeile8& z = p->pPerson->zeile;
-        zeilen_.push_back("<Person" + attribut("Instanz", zahl(z.Instanz)) + attribut("Name", z.cpName) +
-                          attribut("Vorname", z.cpVorname) + ">");
+        zeilen_.push_back("<Person" + attribut("Instanz", zahl(z.Instanz)) +
+                          attribut("Name", z.cpName) + attribut("Vorname", z.cpVorname) + ">");
         std::vector<std::string> alias;
         for (const PersonenElement* q = p; q; q = q->pNext) {
             if (!q->pPerson || q->pPerson->zeile.Id != z.Id) continue;
             const std::string& fn = quelle_.lookupName(kTypFunktion, q->lFunktion);
             if (!fn.empty())
-                zeilen_.push_back(element("Funktion", uebersetzterName(filter_, kFilterFunktionen,
-                                                                       q->lFunktion, fn)));
+                zeilen_.push_back(element(
+                    "Funktion", uebersetzterName(filter_, kFilterFunktionen, q->lFunktion, fn)));
             for (const ListenElement* a = q->pAlias; a; a = a->pNext)
-                if (const auto* row = static_cast<const Zeile1*>(a->pObjekt)) alias.push_back(row->cpText);
+                if (const auto* row = static_cast<const Zeile1*>(a->pObjekt))
+                    alias.push_back(row->cpText);
         }
         for (const std::string& a : alias) zeilen_.push_back(element("Alias", a));
         zeilen_.push_back("</Person>");

@@ -24,7 +24,7 @@ XmlOptionen xmlOptionen(std::uint32_t optionen);
 std::string xmlText(const std::string& text);
 
 class XmlExport {
-public:
+  public:
     // quelle (and the translator, when given) must outlive the object.
     explicit XmlExport(ExportQuelle& quelle, const NamensUebersetzer* filter = nullptr)
         : quelle_(quelle), filter_(filter) {}
@@ -38,7 +38,7 @@ public:
     std::string dvd(const DvdElement& d, bool ganz = true);
     std::string film(const FilmElement& f, bool ganz = true);
 
-private:
+  private:
     void boxZeilen(const BoxElement& b);
     void dvdZeilen(const DvdElement& d);
     void filmZeilen(const FilmElement& f);

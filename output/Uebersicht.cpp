@@ -65,14 +65,14 @@ std::vector<Zeile> zerlege(std::string_view text) {
 }
 
 class Seite {
-public:
+  public:
     Seite(UebersichtUmgebung& u, const UebersichtEinstellungen& e, const UebersichtDaten& d)
         : u_(u), e_(e), d_(d) {}
 
     // Everything from the template's checks to the finished file.
     bool schreibe();
 
-private:
+  private:
     bool bereiteDateienVor(std::unique_ptr<Datei>& ziel);
     // Fills one template line into aus_. A line holding LOOP= is replaced by the
     // per-box section (false when its file cannot be read).
@@ -128,16 +128,26 @@ std::string Seite::cover() {
 
 bool Seite::wert(std::string_view name, std::string& w) {
     const auto zahl = [&](long n) { w = std::to_string(n); };
-    if (name == "LISTENTITEL") w = e_.titel.empty() ? "Listentitel" : e_.titel;
-    else if (name == "LISTENUEBERSCHRIFT") w = e_.ueberschrift.empty() ? "Überschrift" : e_.ueberschrift;
-    else if (name == "HINTERGRUNDBILD") w = hintergrund_;
-    else if (name == "BOXTITEL") w = box_ ? box_->titel : "";
-    else if (name == "BOXORIGTITEL") w = box_ ? box_->origTitel : "";
-    else if (name == "BOXCOVER") w = cover();
-    else if (name == "BOXANZAHL") zahl(d_.anzahlBoxen);
-    else if (name == "DVDANZAHL") zahl(d_.anzahlDvds);
-    else if (name == "FILMANZAHL") zahl(d_.anzahlFilme);
-    else if (name == "BOXLFDNR") zahl(lfdnr_);
+    if (name == "LISTENTITEL")
+        w = e_.titel.empty() ? "Listentitel" : e_.titel;
+    else if (name == "LISTENUEBERSCHRIFT")
+        w = e_.ueberschrift.empty() ? "Überschrift" : e_.ueberschrift;
+    else if (name == "HINTERGRUNDBILD")
+        w = hintergrund_;
+    else if (name == "BOXTITEL")
+        w = box_ ? box_->titel : "";
+    else if (name == "BOXORIGTITEL")
+        w = box_ ? box_->origTitel : "";
+    else if (name == "BOXCOVER")
+        w = cover();
+    else if (name == "BOXANZAHL")
+        zahl(d_.anzahlBoxen);
+    else if (name == "DVDANZAHL")
+        zahl(d_.anzahlDvds);
+    else if (name == "FILMANZAHL")
+        zahl(d_.anzahlFilme);
+    else if (name == "BOXLFDNR")
+        zahl(lfdnr_);
     else if (name == "COLOR") {
         w.clear();
         if (farben_.empty()) return true;

@@ -81,7 +81,7 @@ struct UebersichtBox {
 struct UebersichtDaten {
     std::vector<UebersichtBox> boxen;  // in the order of the catalogue tree
     long anzahlBoxen = 0, anzahlDvds = 0, anzahlFilme = 0;
-    std::string coverOrdner;           // ends in '/'
+    std::string coverOrdner;  // ends in '/'
 };
 
 // Every box of the collection with its counts and covers, reading each table

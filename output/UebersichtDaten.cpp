@@ -57,8 +57,10 @@ std::unordered_map<long, std::string> coverDateien(Dateisystem& fs, const std::s
         long id = 0;
         bool ziffern = true;
         for (std::size_t i = 0; i < punkt; ++i) {
-            if (e.name[i] < '0' || e.name[i] > '9') ziffern = false;
-            else id = id * 10 + (e.name[i] - '0');
+            if (e.name[i] < '0' || e.name[i] > '9')
+                ziffern = false;
+            else
+                id = id * 10 + (e.name[i] - '0');
         }
         if (!ziffern || id <= 0) continue;
         auto [it, neu] = cover.try_emplace(id, e.name);

@@ -16,7 +16,7 @@ namespace dv {
 
 // One open file. The object closes the file when it is destroyed.
 class Datei {
-public:
+  public:
     virtual ~Datei() = default;
     // Length in bytes, or -1 when it cannot be read.
     virtual std::int64_t laenge() = 0;
@@ -44,7 +44,7 @@ struct OrdnerEintrag {
 };
 
 class Dateisystem {
-public:
+  public:
     virtual ~Dateisystem() = default;
     // Opens a file; on failure returns null and stores the system's error number
     // in *fehler when fehler is not null.

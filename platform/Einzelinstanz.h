@@ -13,7 +13,7 @@ namespace dv {
 inline constexpr const char* kInstanzGuid = "5174BC8F-A345-48b5-A030-222BA2124B3C";
 
 class Einzelinstanz {
-public:
+  public:
     // ordner: where the lock lives; empty means the user's runtime folder.
     explicit Einzelinstanz(const std::string& ordner = std::string());
     ~Einzelinstanz();
@@ -24,7 +24,7 @@ public:
     bool erste() const { return erste_; }
     const std::string& pfad() const { return pfad_; }
 
-private:
+  private:
     std::string pfad_;
     std::unique_ptr<QLockFile> sperre_;
     bool erste_ = false;

@@ -23,9 +23,9 @@
 namespace dv {
 
 struct OptischesLaufwerk {
-    char buchstabe = 0;   // 'D'..'Z'
-    std::string geraet;   // "/dev/sr0"
-    std::string modell;   // vendor and model as the system reports them; may be empty
+    char buchstabe = 0;  // 'D'..'Z'
+    std::string geraet;  // "/dev/sr0"
+    std::string modell;  // vendor and model as the system reports them; may be empty
 };
 
 enum class LaufwerkFehler {
@@ -58,7 +58,7 @@ struct VolumenFakten {
 };
 
 class Laufwerke {
-public:
+  public:
     virtual ~Laufwerke() = default;
 
     // The optical drives the system knows, in letter order.

@@ -36,7 +36,7 @@ LaufwerkErgebnis systemFehler(int nummer) {
 
 // Closes the descriptor when it goes out of scope.
 class Deskriptor {
-public:
+  public:
     Deskriptor() = default;
     ~Deskriptor() {
         if (fd_ >= 0) ::close(fd_);
@@ -46,15 +46,16 @@ public:
     void setze(int fd) { fd_ = fd; }
     int fd() const { return fd_; }
 
-private:
+  private:
     int fd_ = -1;
 };
 
 LaufwerkErgebnis keinZugriff(int nummer, bool geraet) {
     if (geraet) {
-        return fehler(LaufwerkFehler::KeinZugriff, nummer,
-                      "Kein Lesezugriff auf das DVD-Laufwerk. Der Benutzer muss zur Gruppe "
-                      "\"cdrom\" gehören (sudo usermod -a -G cdrom BENUTZER, danach neu anmelden).");
+        return fehler(
+            LaufwerkFehler::KeinZugriff, nummer,
+            "Kein Lesezugriff auf das DVD-Laufwerk. Der Benutzer muss zur Gruppe "
+            "\"cdrom\" gehören (sudo usermod -a -G cdrom BENUTZER, danach neu anmelden).");
     }
     return fehler(LaufwerkFehler::KeinZugriff, nummer,
                   "Kein Lesezugriff auf die Abbilddatei: Zugriff verweigert.");
@@ -71,7 +72,8 @@ LaufwerkErgebnis oeffne(const std::string& pfad, Deskriptor& d, bool& geraet) {
     }
     geraet = S_ISBLK(st.st_mode);
     if (!geraet && !S_ISREG(st.st_mode)) {
-        return fehler(LaufwerkFehler::System, 0, "Der Pfad ist weder ein Laufwerk noch eine Datei.");
+        return fehler(LaufwerkFehler::System, 0,
+                      "Der Pfad ist weder ein Laufwerk noch eine Datei.");
     }
     const int fd = ::open(pfad.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
@@ -92,7 +94,7 @@ LaufwerkErgebnis oeffne(const std::string& pfad, Deskriptor& d, bool& geraet) {
 
 // The sectors of an open device or file, read with pread.
 class DeskriptorQuelle : public SektorQuelle {
-public:
+  public:
     DeskriptorQuelle(int fd, std::uint64_t bytes) : fd_(fd), sektoren_(bytes / kSektorGroesse) {}
 
     std::uint64_t sektoren() const override { return sektoren_; }
@@ -118,7 +120,7 @@ public:
         return {};
     }
 
-private:
+  private:
     int fd_;
     std::uint64_t sektoren_;
 };
@@ -177,7 +179,7 @@ std::vector<OptischesLaufwerk> udevLaufwerke() {
 }
 
 class LinuxLaufwerke : public Laufwerke {
-public:
+  public:
     std::vector<OptischesLaufwerk> liste() override {
         auto liste = udevLaufwerke();
         if (liste.empty()) {

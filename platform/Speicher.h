@@ -10,8 +10,8 @@ namespace dv {
 
 // Reserves a heap of about `groesse` bytes up front (address space only: pages
 // are still faulted in when first used), asks the system to back it with huge
-// pages where it can, merges small blocks as they are freed, and keeps released memory in the process instead of
-// trimming the heap after large releases. Call once, early in main; harmless
+// pages where it can, merges small blocks as they are freed, and keeps released memory in the
+// process instead of trimming the heap after large releases. Call once, early in main; harmless
 // where the system offers none of this.
 void bereiteHeapVor(std::size_t groesse);
 

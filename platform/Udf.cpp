@@ -1,8 +1,8 @@
 #include "platform/Udf.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <string_view>
 #include <unordered_set>
@@ -61,9 +61,9 @@ LaufwerkErgebnis fehler(LaufwerkFehler art, std::string text) {
 }
 
 LaufwerkErgebnis beschaedigt(const char* teil) {
-    return fehler(LaufwerkFehler::Beschaedigt,
-                  std::string("Die Datenträgerstruktur ist beschädigt und nicht lesbar (") + teil +
-                      ").");
+    return fehler(
+        LaufwerkFehler::Beschaedigt,
+        std::string("Die Datenträgerstruktur ist beschädigt und nicht lesbar (") + teil + ").");
 }
 
 LaufwerkErgebnis keinDateisystem() {
@@ -113,7 +113,9 @@ struct Adresse {
     std::uint16_t partition = 0;  // partition reference number (map index)
 };
 
-Adresse langeAdresse(const std::uint8_t* p) { return {le32(p + 4), le16(p + 8)}; }
+Adresse langeAdresse(const std::uint8_t* p) {
+    return {le32(p + 4), le16(p + 8)};
+}
 
 // A file entry or extended file entry, reduced to what the reader needs.
 struct Eintrag {
@@ -133,7 +135,7 @@ struct Fid {
 
 // The opened volume: partitions, logical volume and file set.
 class Volumen {
-public:
+  public:
     explicit Volumen(SektorQuelle& quelle) : q_(quelle) {}
 
     // Anchor, volume descriptor sequence and file set descriptor.
@@ -148,7 +150,7 @@ public:
     // Up to max bytes of the entry's data.
     LaufwerkErgebnis inhalt(const Eintrag& e, std::uint64_t max, Bytes& daten);
 
-private:
+  private:
     struct Partition {
         bool da = false;
         std::uint16_t nummer = 0;
@@ -376,11 +378,13 @@ LaufwerkErgebnis Volumen::inhalt(const Eintrag& e, std::uint64_t max, Bytes& dat
             daten.insert(daten.end(), static_cast<std::size_t>(teil), 0);
             continue;
         }
-        const auto bloecke = static_cast<std::uint32_t>((teil + kSektorGroesse - 1) / kSektorGroesse);
+        const auto bloecke =
+            static_cast<std::uint32_t>((teil + kSektorGroesse - 1) / kSektorGroesse);
         puffer.resize(static_cast<std::size_t>(bloecke) * kSektorGroesse);
         auto r = lies(ort, bloecke, puffer.data());
         if (!r.ok()) return r;
-        daten.insert(daten.end(), puffer.begin(), puffer.begin() + static_cast<std::ptrdiff_t>(teil));
+        daten.insert(daten.end(), puffer.begin(),
+                     puffer.begin() + static_cast<std::ptrdiff_t>(teil));
     }
     if (daten.size() < soll) return beschaedigt("Dateiinhalt unvollständig");
     return {};
@@ -517,7 +521,8 @@ LaufwerkErgebnis groesse(SektorQuelle& quelle, std::uint64_t& bytes) {
         const Offen o = stapel.back();
         stapel.pop_back();
         // A directory reached a second time (a loop in damaged data) is walked once.
-        const std::uint64_t schluessel = (static_cast<std::uint64_t>(o.icb.partition) << 32) | o.icb.lbn;
+        const std::uint64_t schluessel =
+            (static_cast<std::uint64_t>(o.icb.partition) << 32) | o.icb.lbn;
         if (!besucht.insert(schluessel).second) continue;
         r = leseOrdner(v, o.icb, daten);
         if (!r.ok()) return r;

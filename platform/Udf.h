@@ -21,7 +21,7 @@ inline constexpr std::size_t kSektorGroesse = 2048;
 
 // Where the sectors come from.
 class SektorQuelle {
-public:
+  public:
     virtual ~SektorQuelle() = default;
     // Number of whole sectors of the source.
     virtual std::uint64_t sektoren() const = 0;

@@ -10,7 +10,7 @@ LokaleZeit (*g_uhr)() = nullptr;
 LokaleZeit jetzt() {
     if (g_uhr) return g_uhr();
     std::time_t t = std::time(nullptr);
-    std::tm tm {};
+    std::tm tm{};
     localtime_r(&t, &tm);
     LokaleZeit z;
     z.tag = tm.tm_mday;
@@ -22,6 +22,8 @@ LokaleZeit jetzt() {
     return z;
 }
 
-void setzeUhr(LokaleZeit (*uhr)()) { g_uhr = uhr; }
+void setzeUhr(LokaleZeit (*uhr)()) {
+    g_uhr = uhr;
+}
 
 }  // namespace dv

@@ -9,11 +9,15 @@ namespace {
 template <class T>
 T* knoten(const Trace& trace, const char* var) {
     auto* p = static_cast<T*>(std::calloc(1, sizeof(T)));
-    if (p) DV_TRACE(trace, kTraceSpeicher, "[malloc] %s = [%08x] {FilterVerwaltung::lade}", var, adr(p));
+    if (p)
+        DV_TRACE(trace, kTraceSpeicher, "[malloc] %s = [%08x] {FilterVerwaltung::lade}", var,
+                 adr(p));
     return p;
 }
 
-std::string gekappt(const std::string& s) { return s.size() > kFilterTextMax ? s.substr(0, kFilterTextMax) : s; }
+std::string gekappt(const std::string& s) {
+    return s.size() > kFilterTextMax ? s.substr(0, kFilterTextMax) : s;
+}
 
 // Appends an object to a type unless its lIntern is there already (the first wins).
 // False when memory runs out.
@@ -69,8 +73,9 @@ void FreeFilterListe(const Trace& trace, FilterListe* p) {
 }
 
 const char* filterTypLabel(int typ) {
-    static const char* const kLabel[] = {"Bildformate", "Extras",   "Dvd-Formate", "Film-Funktionen",
-                                         "Genre",       "Sprachen", "Tonformate",  "Verpackungsarten"};
+    static const char* const kLabel[] = {"Bildformate",     "Extras",          "Dvd-Formate",
+                                         "Film-Funktionen", "Genre",           "Sprachen",
+                                         "Tonformate",      "Verpackungsarten"};
     return typ >= 1 && typ <= kFilterTypen ? kLabel[typ - 1] : "";
 }
 
@@ -146,7 +151,8 @@ long FilterVerwaltung::neu(const std::string& name) {
 
 long FilterVerwaltung::umbenenne(long filterId, const std::string& name) {
     auto& t = db_.katalog().FilterName;
-    if (filterId > 0 && t.eine(filterId)) return t.update(filterId, gekappt(name).c_str()) ? filterId : 0;
+    if (filterId > 0 && t.eine(filterId))
+        return t.update(filterId, gekappt(name).c_str()) ? filterId : 0;
     return t.insert(gekappt(name).c_str());
 }
 
@@ -159,7 +165,8 @@ std::vector<long> FilterVerwaltung::eintraege(long filterId, int typ, long inter
     auto rows = db_.katalog().Filter.liste(beispiel);
     for (ListenElement* n = rows.get(); n; n = n->pNext) {
         const Zeile13& z = Tabelle13::zeile(n);
-        if (z.lFilterId == filterId && (typ <= 0 || z.Typ == typ) && (intern <= 0 || z.lIntern == intern))
+        if (z.lFilterId == filterId && (typ <= 0 || z.Typ == typ) &&
+            (intern <= 0 || z.lIntern == intern))
             ids.push_back(z.Id);
     }
     return ids;
@@ -184,7 +191,8 @@ bool FilterVerwaltung::loesche(long filterId) {
     return ok;
 }
 
-bool FilterVerwaltung::setzeEintrag(long filterId, int typ, long intern, const std::string& extern_) {
+bool FilterVerwaltung::setzeEintrag(long filterId, int typ, long intern,
+                                    const std::string& extern_) {
     if (typ < 1 || typ > kFilterTypen || intern <= 0) return false;
     if (filterId <= 0 || !db_.katalog().FilterName.eine(filterId)) return false;
     if (extern_.empty()) return loescheEintrag(filterId, typ, intern);
@@ -209,7 +217,8 @@ bool FilterVerwaltung::loescheEintrag(long filterId, int typ, long intern) {
 
 bool FilterVerwaltung::leseEinstellung(ExportArt art, long& id) {
     std::uint32_t wert = 0;
-    const bool ok = art == ExportArt::Xml ? einstellungen_.getXMLFilter(wert) : einstellungen_.getFilter(wert);
+    const bool ok =
+        art == ExportArt::Xml ? einstellungen_.getXMLFilter(wert) : einstellungen_.getFilter(wert);
     if (ok) id = static_cast<std::int32_t>(wert);
     return ok;
 }

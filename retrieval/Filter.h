@@ -65,18 +65,18 @@ bool uebersetze(const FilterListe* filter, int typ, long intern, std::string& te
 
 // A loaded filter as the translator of an export.
 class FilterUebersetzer final : public NamensUebersetzer {
-public:
+  public:
     explicit FilterUebersetzer(const FilterListe* f) : filter_(f) {}
     bool uebersetze(int filterTyp, long intern, std::string& extern_) const override {
         return dv::uebersetze(filter_, filterTyp, intern, extern_);
     }
 
-private:
+  private:
     const FilterListe* filter_;
 };
 
 class FilterVerwaltung {
-public:
+  public:
     // db and einstellungen must outlive the object.
     FilterVerwaltung(Datenbank& db, Einstellungen& einstellungen);
     FilterVerwaltung(const FilterVerwaltung&) = delete;
@@ -112,7 +112,7 @@ public:
     const NamensUebersetzer* aktiv(ExportArt art);
     long aktiveId(ExportArt art);
 
-private:
+  private:
     struct Aktiv {
         bool geprueft = false;
         FilterBesitz filter;

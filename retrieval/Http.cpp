@@ -33,14 +33,22 @@ void initialisiere() {
 
 std::string ursache(CURLcode c) {
     switch (c) {
-        case CURLE_OPERATION_TIMEDOUT: return "Zeitüberschreitung";
-        case CURLE_COULDNT_CONNECT: return "Verbindung abgelehnt";
-        case CURLE_COULDNT_RESOLVE_HOST: return "Server unbekannt";
-        case CURLE_PARTIAL_FILE: return "Übertragung unvollständig";
-        case CURLE_UNSUPPORTED_PROTOCOL: return "Adresse ohne http:// oder https://";
-        case CURLE_URL_MALFORMAT: return "Adresse fehlerhaft";
-        case CURLE_TOO_MANY_REDIRECTS: return "zu viele Weiterleitungen";
-        default: return curl_easy_strerror(c);
+        case CURLE_OPERATION_TIMEDOUT:
+            return "Zeitüberschreitung";
+        case CURLE_COULDNT_CONNECT:
+            return "Verbindung abgelehnt";
+        case CURLE_COULDNT_RESOLVE_HOST:
+            return "Server unbekannt";
+        case CURLE_PARTIAL_FILE:
+            return "Übertragung unvollständig";
+        case CURLE_UNSUPPORTED_PROTOCOL:
+            return "Adresse ohne http:// oder https://";
+        case CURLE_URL_MALFORMAT:
+            return "Adresse fehlerhaft";
+        case CURLE_TOO_MANY_REDIRECTS:
+            return "zu viele Weiterleitungen";
+        default:
+            return curl_easy_strerror(c);
     }
 }
 

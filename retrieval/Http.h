@@ -8,9 +8,9 @@
 namespace dv {
 
 struct HttpGrenzen {
-    long verbindenSekunden = 15;   // connect time-out
-    long stillstandSekunden = 30;  // abort when less than 1 byte/s arrives for this long
-    long gesamtSekunden = 600;     // the whole transfer
+    long verbindenSekunden = 15;       // connect time-out
+    long stillstandSekunden = 30;      // abort when less than 1 byte/s arrives for this long
+    long gesamtSekunden = 600;         // the whole transfer
     std::size_t maxBytes = 64u << 20;  // larger bodies are refused
 };
 

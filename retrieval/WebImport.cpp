@@ -58,7 +58,8 @@ bool zahl32(std::string_view s, std::uint32_t& wert) {
         n = n * 10 + (c - '0');
     }
     if (minus) n = -n;
-    if (n < std::numeric_limits<std::int32_t>::min() || n > std::numeric_limits<std::uint32_t>::max())
+    if (n < std::numeric_limits<std::int32_t>::min() ||
+        n > std::numeric_limits<std::uint32_t>::max())
         return false;
     wert = static_cast<std::uint32_t>(n);
     return true;
@@ -67,8 +68,8 @@ bool zahl32(std::string_view s, std::uint32_t& wert) {
 bool sichereEan(std::string_view ean) {
     if (ean.empty() || ean.size() > 16) return false;
     for (char c : ean)
-        if (!((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' ||
-              c == '_'))
+        if (!((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+              c == '-' || c == '_'))
             return false;
     return true;
 }
@@ -152,8 +153,9 @@ std::vector<WebImportEntry> leseIndex(std::string_view text, int link) {
 bool entpackeKvt(std::string_view datei, std::string& index) {
     if (datei.size() < 9 || datei.substr(0, 3) != "KVT") return false;
     const auto* b = reinterpret_cast<const unsigned char*>(datei.data());
-    const std::uint32_t laenge = static_cast<std::uint32_t>(b[5]) | static_cast<std::uint32_t>(b[6]) << 8 |
-                                 static_cast<std::uint32_t>(b[7]) << 16 | static_cast<std::uint32_t>(b[8]) << 24;
+    const std::uint32_t laenge =
+        static_cast<std::uint32_t>(b[5]) | static_cast<std::uint32_t>(b[6]) << 8 |
+        static_cast<std::uint32_t>(b[7]) << 16 | static_cast<std::uint32_t>(b[8]) << 24;
     if (laenge > kWebMaxIndex) return false;
     std::string puffer(laenge == 0 ? 1 : laenge, '\0');
     uLongf ziel = laenge;
@@ -168,17 +170,27 @@ bool entpackeKvt(std::string_view datei, std::string& index) {
 std::string webImportMeldung(int code) {
     char text[128];
     switch (code) {
-        case 0: return "Es konnte kein passender Import gefunden werden.";
-        case kWebLinksFehlen: std::snprintf(text, sizeof text, "<%s> <%s>", "Import-URL", "Fehlerhafter Link"); break;
+        case 0:
+            return "Es konnte kein passender Import gefunden werden.";
+        case kWebLinksFehlen:
+            std::snprintf(text, sizeof text, "<%s> <%s>", "Import-URL", "Fehlerhafter Link");
+            break;
         case kWebLinksUnlesbar:
-            std::snprintf(text, sizeof text, "<%s> <%s> <%s>", "Import-URL", "Delegation", "Lesefehler");
+            std::snprintf(text, sizeof text, "<%s> <%s> <%s>", "Import-URL", "Delegation",
+                          "Lesefehler");
             break;
         case kWebIndexFehlt:
-            std::snprintf(text, sizeof text, "<%s> <%s> <%s>", "Import-URL", "Delegation", "Fehlerhafter Link");
+            std::snprintf(text, sizeof text, "<%s> <%s> <%s>", "Import-URL", "Delegation",
+                          "Fehlerhafter Link");
             break;
-        case kWebIndexUnlesbar: std::snprintf(text, sizeof text, "<%s> <%s>", "Import-DB", "Lesefehler"); break;
-        case kWebBoxFehlt: std::snprintf(text, sizeof text, "<%s> <%s>", "Import-Datei", "Lesefehler"); break;
-        default: return "Es ist ein unbekannter Fehler aufgetreten.";
+        case kWebIndexUnlesbar:
+            std::snprintf(text, sizeof text, "<%s> <%s>", "Import-DB", "Lesefehler");
+            break;
+        case kWebBoxFehlt:
+            std::snprintf(text, sizeof text, "<%s> <%s>", "Import-Datei", "Lesefehler");
+            break;
+        default:
+            return "Es ist ein unbekannter Fehler aufgetreten.";
     }
     return text;
 }
@@ -186,17 +198,20 @@ std::string webImportMeldung(int code) {
 WebImport::WebImport(Dateisystem& fs, Benutzer& benutzer, std::string arbeitsOrdner)
     : fs_(fs), benutzer_(benutzer), ordner_(std::move(arbeitsOrdner)) {}
 
-bool WebImport::lade(const std::string& basis, const std::string& relativ, const std::string& name) {
+bool WebImport::lade(const std::string& basis, const std::string& relativ,
+                     const std::string& name) {
     std::string daten, fehler;
     if (!holeUrl(basis + alsUrlPfad(relativ), grenzen, daten, fehler)) {
         benutzer_.meldung(kTitel, fehler, Symbol::Fehler);
         return false;
     }
     const std::string pfad = ordner_ + name;
-    if ((!fs_.istOrdner(ordner_) && !fs_.erzeugeOrdner(ordner_)) || !schreibeSicher(fs_, pfad, daten)) {
+    if ((!fs_.istOrdner(ordner_) && !fs_.erzeugeOrdner(ordner_)) ||
+        !schreibeSicher(fs_, pfad, daten)) {
         std::string text;
         if (!utf8NachCp1252(pfad, text)) text = pfad;
-        benutzer_.meldung(kTitel, "Die Datei '" + text + "' konnte nicht zum Schreiben geöffnet werden.",
+        benutzer_.meldung(kTitel,
+                          "Die Datei '" + text + "' konnte nicht zum Schreiben geöffnet werden.",
                           Symbol::Fehler);
         return false;
     }
@@ -216,7 +231,8 @@ bool WebImport::suche(const std::vector<WebImportEntry>& index, const WebImportS
     for (const WebImportEntry& e : index) {
         if (++n % 4096 == 0 && abbrechen()) return false;
         if (s.perDisc()) {
-            if (e.SN == s.SN && e.BytesLow == s.BytesLow && e.BytesHigh == s.BytesHigh) treffer.push_back(e);
+            if (e.SN == s.SN && e.BytesLow == s.BytesLow && e.BytesHigh == s.BytesHigh)
+                treffer.push_back(e);
         } else if (!s.ean.empty()) {
             if (e.EAN == s.ean) {
                 treffer.push_back(e);
@@ -240,7 +256,8 @@ int WebImport::durchsuche(const std::string& basis, const std::vector<WebLink>& 
         std::string gepackt, index;
         const bool gelesen = leseAlles(fs_, ordner_ + "ImpDB.kvt", gepackt);
         fs_.loesche(ordner_ + "ImpDB.kvt");
-        if (!gelesen || !entpackeKvt(gepackt, index) || !schreibeSicher(fs_, ordner_ + "ImpDB.ini", index))
+        if (!gelesen || !entpackeKvt(gepackt, index) ||
+            !schreibeSicher(fs_, ordner_ + "ImpDB.ini", index))
             return kWebIndexUnlesbar;
         gepackt.clear();
         if (!suche(leseIndex(index, static_cast<int>(i)), s, treffer)) break;
@@ -251,15 +268,18 @@ int WebImport::durchsuche(const std::string& basis, const std::vector<WebLink>& 
 int WebImport::ladeGewaehlte(const std::string& basis, const std::vector<WebLink>& links,
                              WebImportErgebnis& e) {
     char titel[64];
-    std::snprintf(titel, sizeof titel, "Web-Import Auswahl (%d)", static_cast<int>(e.treffer.size()));
+    std::snprintf(titel, sizeof titel, "Web-Import Auswahl (%d)",
+                  static_cast<int>(e.treffer.size()));
     std::vector<std::string> zeilen;
     for (const WebImportEntry& t : e.treffer) zeilen.push_back(t.titel);
     for (int i : benutzer_.waehle(titel, "BoxTitel", zeilen, true, -1))
-        if (i >= 0 && static_cast<std::size_t>(i) < e.treffer.size()) e.treffer[static_cast<std::size_t>(i)].selected = true;
+        if (i >= 0 && static_cast<std::size_t>(i) < e.treffer.size())
+            e.treffer[static_cast<std::size_t>(i)].selected = true;
     for (const WebImportEntry& t : e.treffer) {
         if (!t.selected) continue;
         const std::string name = t.EAN + ".box";
-        if (!lade(basis, links[static_cast<std::size_t>(t.link)].pfad + name, name)) return kWebBoxFehlt;
+        if (!lade(basis, links[static_cast<std::size_t>(t.link)].pfad + name, name))
+            return kWebBoxFehlt;
         e.dateien.push_back(ordner_ + name);
     }
     return e.code;
@@ -281,7 +301,9 @@ WebImportErgebnis WebImport::fuehreAus(const std::string& basisUrl, const WebImp
         if (e.code < 0) e.treffer.clear();
         if (e.code > 0) e.code = ladeGewaehlte(basis, links, e);
     }
-    if (e.code <= 0) benutzer_.meldung(kTitel, webImportMeldung(e.code), e.code == 0 ? Symbol::Information : Symbol::Fehler);
+    if (e.code <= 0)
+        benutzer_.meldung(kTitel, webImportMeldung(e.code),
+                          e.code == 0 ? Symbol::Information : Symbol::Fehler);
     benutzer_.meldung(kTitel, "Suche beendet", Symbol::Information);
     return e;
 }

@@ -31,11 +31,11 @@
 namespace dv {
 
 // Result codes besides the number of hits (1 or more) and 0 (nothing found).
-inline constexpr int kWebLinksFehlen = -1;      // "links.ini" could not be downloaded
-inline constexpr int kWebLinksUnlesbar = -2;    // "links.ini" could not be read
-inline constexpr int kWebIndexFehlt = -3;       // an "ImpDB.kvt" could not be downloaded
-inline constexpr int kWebIndexUnlesbar = -4;    // an index could not be unpacked or read
-inline constexpr int kWebBoxFehlt = -5;         // a box file could not be downloaded
+inline constexpr int kWebLinksFehlen = -1;    // "links.ini" could not be downloaded
+inline constexpr int kWebLinksUnlesbar = -2;  // "links.ini" could not be read
+inline constexpr int kWebIndexFehlt = -3;     // an "ImpDB.kvt" could not be downloaded
+inline constexpr int kWebIndexUnlesbar = -4;  // an index could not be unpacked or read
+inline constexpr int kWebBoxFehlt = -5;       // a box file could not be downloaded
 
 inline constexpr int kWebMaxTreffer = 500;  // the title search stops at this many hits
 // An index larger than this (unpacked) is refused before anything is allocated.
@@ -81,7 +81,7 @@ bool entpackeKvt(std::string_view datei, std::string& index);
 std::string webImportMeldung(int code);
 
 class WebImport {
-public:
+  public:
     // fs and benutzer must outlive the object; arbeitsOrdner ends in '/'.
     WebImport(Dateisystem& fs, Benutzer& benutzer, std::string arbeitsOrdner);
 
@@ -92,7 +92,7 @@ public:
     // (%d)", the downloads, the message of a code 0 or below, and "Suche beendet".
     WebImportErgebnis fuehreAus(const std::string& basisUrl, const WebImportSuche& suche);
 
-private:
+  private:
     // Downloads basis + relativ into the working folder as name; reports a failure.
     bool lade(const std::string& basis, const std::string& relativ, const std::string& name);
     int durchsuche(const std::string& basis, const std::vector<WebLink>& links,

@@ -6,19 +6,47 @@
 namespace dv {
 
 Katalog::Katalog(SpeicherUmgebung& u)
-    : Alias(u), Bildformate(u), Extras(u), FilterName(u), Formate(u), Funktion(u), Genre(u),
-      Sprachen(u), Tonformate(u), Verpackung(u), VormerkName(u), Box(u), DVD(u), Film(u),
-      Titel(u), Person(u), TagStempel(u), Filter(u), DatenVersion(u), Box_Extras(u), DVD_Box(u),
-      DVD_Extras(u), DVD_Film(u), Film_Alias(u), Film_Bildformat(u), Film_Fkt(u), Film_Genre(u),
-      Film_Person(u), Film_Sprachen(u), Film_Untertitel(u), Vormerk(u), Vormerk2(u), umgebung(u) {}
+    : Alias(u),
+      Bildformate(u),
+      Extras(u),
+      FilterName(u),
+      Formate(u),
+      Funktion(u),
+      Genre(u),
+      Sprachen(u),
+      Tonformate(u),
+      Verpackung(u),
+      VormerkName(u),
+      Box(u),
+      DVD(u),
+      Film(u),
+      Titel(u),
+      Person(u),
+      TagStempel(u),
+      Filter(u),
+      DatenVersion(u),
+      Box_Extras(u),
+      DVD_Box(u),
+      DVD_Extras(u),
+      DVD_Film(u),
+      Film_Alias(u),
+      Film_Bildformat(u),
+      Film_Fkt(u),
+      Film_Genre(u),
+      Film_Person(u),
+      Film_Sprachen(u),
+      Film_Untertitel(u),
+      Vormerk(u),
+      Vormerk2(u),
+      umgebung(u) {}
 
 std::vector<Tabelle*> Katalog::alle() {
-    return {&Alias,       &Bildformate,     &Extras,          &FilterName,      &Formate,
-            &Funktion,    &Genre,           &Sprachen,        &Tonformate,      &Verpackung,
-            &VormerkName, &Box,             &DVD,             &Film,            &Titel,
-            &Person,      &TagStempel,      &Filter,          &DatenVersion,    &Box_Extras,
-            &DVD_Box,     &DVD_Extras,      &DVD_Film,        &Film_Alias,      &Film_Bildformat,
-            &Film_Fkt,    &Film_Genre,      &Film_Person,     &Film_Sprachen,   &Film_Untertitel,
+    return {&Alias,       &Bildformate, &Extras,      &FilterName,    &Formate,
+            &Funktion,    &Genre,       &Sprachen,    &Tonformate,    &Verpackung,
+            &VormerkName, &Box,         &DVD,         &Film,          &Titel,
+            &Person,      &TagStempel,  &Filter,      &DatenVersion,  &Box_Extras,
+            &DVD_Box,     &DVD_Extras,  &DVD_Film,    &Film_Alias,    &Film_Bildformat,
+            &Film_Fkt,    &Film_Genre,  &Film_Person, &Film_Sprachen, &Film_Untertitel,
             &Vormerk,     &Vormerk2};
 }
 
@@ -37,9 +65,13 @@ bool Katalog::erzeugeDatenbank() {
     return alleDa;
 }
 
-bool Katalog::leseVersion(DatenVersionSatz& v) { return DatenVersion.lese(v); }
+bool Katalog::leseVersion(DatenVersionSatz& v) {
+    return DatenVersion.lese(v);
+}
 
-bool Katalog::schreibeVersion(const DatenVersionSatz& v) { return DatenVersion.schreibe(v); }
+bool Katalog::schreibeVersion(const DatenVersionSatz& v) {
+    return DatenVersion.schreibe(v);
+}
 
 DatenVersionSatz Katalog::holeVersion() {
     DatenVersionSatz v;

@@ -10,9 +10,9 @@
 namespace dv {
 
 namespace tab {
-#define DV_TABELLE(Name, Klasse) \
-    class Name : public Klasse { \
-    public:                      \
+#define DV_TABELLE(Name, Klasse)                                 \
+    class Name : public Klasse {                                 \
+      public:                                                    \
         explicit Name(SpeicherUmgebung& u) : Klasse(u, #Name) {} \
     };
 // Lookup tables.

@@ -127,13 +127,13 @@ void Tabelle5::traceSelect(const Zeile& b) {
              int{b.Jahr}, N);
 }
 void Tabelle5::traceTreffer(const Zeile& z) {
-    DV_TRACE(T, M, "<- selected <%ld, %d, %d, %d> from %s", long{z.Id}, int{z.FSK},
-             int{z.Laenge}, int{z.Jahr}, N);
+    DV_TRACE(T, M, "<- selected <%ld, %d, %d, %d> from %s", long{z.Id}, int{z.FSK}, int{z.Laenge},
+             int{z.Jahr}, N);
 }
 void Tabelle5::traceEinfuegen(const Zeile& z) {
     // The comma before "into" is part of the wording.
-    DV_TRACE(T, M, "inserted FSK [%d], Laenge [%d], Jahr [%d], into %s", int{z.FSK},
-             int{z.Laenge}, int{z.Jahr}, N);
+    DV_TRACE(T, M, "inserted FSK [%d], Laenge [%d], Jahr [%d], into %s", int{z.FSK}, int{z.Laenge},
+             int{z.Jahr}, N);
 }
 void Tabelle5::traceAendern(const Zeile& z) {
     DV_TRACE(T, M, "updated <%ld, FSK [%d], Laenge [%d], Jahr [%d]> from %s", long{z.Id},
@@ -215,11 +215,17 @@ void Tabelle8::traceAendern(const Zeile& z) {
 }
 
 // Tabelle9 ------------------------------------------------------------------
-long Tabelle9::insert(const Zeile9& z) { return einfuegen(z); }
-bool Tabelle9::update(long id, const Zeile9& z) { return aendern(id, z); }
-#define T9_ARGS(z)                                                                            \
-    int{z.Jahr}, int{z.RC}, int{z.Opt}, z.cpText, long{z.Formate_Id}, unsigned{z.SN},          \
-        int{z.Laenge}, unsigned{z.BytesLow}, unsigned{z.BytesHigh}
+long Tabelle9::insert(const Zeile9& z) {
+    return einfuegen(z);
+}
+bool Tabelle9::update(long id, const Zeile9& z) {
+    return aendern(id, z);
+}
+#define T9_ARGS(z)                                                                    \
+    int{z.Jahr}, int{z.RC}, int{z.Opt}, z.cpText, long{z.Formate_Id}, unsigned{z.SN}, \
+        int{z.Laenge}, unsigned{z.BytesLow}, unsigned {                               \
+        z.BytesHigh                                                                   \
+    }
 void Tabelle9::traceSelect(const Zeile& b) {
     DV_TRACE(T, M, "-> select <%ld, %d, %d, %d, %s, %ld, %u, %d, %u, %u> from %s", long{b.Id},
              T9_ARGS(b), N);
@@ -284,13 +290,12 @@ void Tabelle11::traceEinfuegen(const Zeile& z) {
     DV_TRACE(T, M, "inserted Typ [%d], cpText [%s] into %s", int{z.Typ}, z.cpText, N);
 }
 void Tabelle11::traceAendern(const Zeile& z) {
-    DV_TRACE(T, M, "updated <%ld, Typ [%d], cpText [%s]> from %s", long{z.Id}, int{z.Typ},
-             z.cpText, N);
+    DV_TRACE(T, M, "updated <%ld, Typ [%d], cpText [%s]> from %s", long{z.Id}, int{z.Typ}, z.cpText,
+             N);
 }
 
 // Tabelle12 -----------------------------------------------------------------
-long Tabelle12::insert(const char* cpEAN, const char* cpText, long Verpackungs_Id,
-                       long Zusatz_Id) {
+long Tabelle12::insert(const char* cpEAN, const char* cpText, long Verpackungs_Id, long Zusatz_Id) {
     Zeile z{};
     setzeText(z.cpEAN, cpEAN);
     setzeText(z.cpText, cpText);
@@ -316,13 +321,15 @@ void Tabelle12::traceTreffer(const Zeile& z) {
              long{z.Verpackungs_Id}, long{z.Zusatz_Id}, N);
 }
 void Tabelle12::traceEinfuegen(const Zeile& z) {
-    DV_TRACE(T, M, "inserted cpEAN [%s], cpText [%s], Verpackungs_Id [%ld], Zusatz_Id [%ld] into %s",
+    DV_TRACE(T, M,
+             "inserted cpEAN [%s], cpText [%s], Verpackungs_Id [%ld], Zusatz_Id [%ld] into %s",
              z.cpEAN, z.cpText, long{z.Verpackungs_Id}, long{z.Zusatz_Id}, N);
 }
 void Tabelle12::traceAendern(const Zeile& z) {
-    DV_TRACE(T, M,
-             "updated <%ld, cpEAN [%s], cpText [%s], Verpackungs_Id [%ld], Zusatz_Id [%ld]> from %s",
-             long{z.Id}, z.cpEAN, z.cpText, long{z.Verpackungs_Id}, long{z.Zusatz_Id}, N);
+    DV_TRACE(
+        T, M,
+        "updated <%ld, cpEAN [%s], cpText [%s], Verpackungs_Id [%ld], Zusatz_Id [%ld]> from %s",
+        long{z.Id}, z.cpEAN, z.cpText, long{z.Verpackungs_Id}, long{z.Zusatz_Id}, N);
 }
 
 // Tabelle13 -----------------------------------------------------------------
@@ -368,8 +375,10 @@ bool Tabelle15::update(long id, long Vormerk_Id, long Objekt_Typ, long Objekt_Id
             static_cast<std::int32_t>(Objekt_Id), static_cast<std::uint16_t>(Pos)};
     const bool ok = aendern(id, z);
     if (ok && id > 0)
-        DV_TRACE(T, M, "updated <%ld, Vormerk_Id [%ld], Objekt_Typ [%ld], Objekt_Id [%ld], Pos [%d]> from %s",
-                 id, Vormerk_Id, Objekt_Typ, Objekt_Id, Pos, N);
+        DV_TRACE(
+            T, M,
+            "updated <%ld, Vormerk_Id [%ld], Objekt_Typ [%ld], Objekt_Id [%ld], Pos [%d]> from %s",
+            id, Vormerk_Id, Objekt_Typ, Objekt_Id, Pos, N);
     return ok;
 }
 void Tabelle15::traceSelect(const Zeile& b) {
@@ -386,7 +395,8 @@ void Tabelle15::traceEinfuegen(const Zeile& z) {
 }
 
 // Data version --------------------------------------------------------------
-TabelleVersion::TabelleVersion(SpeicherUmgebung& u, std::string name) : Tabelle(u, std::move(name)) {
+TabelleVersion::TabelleVersion(SpeicherUmgebung& u, std::string name)
+    : Tabelle(u, std::move(name)) {
     puffer_.assign(kGroesse, 0);
 }
 

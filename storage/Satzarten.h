@@ -17,14 +17,20 @@ struct Zeile1 {
     char cpText[129];
 };
 class Tabelle1 : public TabelleT<Tabelle1, Zeile1> {
-public:
+  public:
     static constexpr unsigned kGroesse = 132;
     static constexpr const char* kKlasse = "Tabelle1";
     static constexpr const char* kKlasseSelectId = "Tabelle1";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) { return std::tie(z.cpText); }
-    template <class Z> static auto schluessel(Z& z) { return std::tie(z.Id, z.cpText); }
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
+        return std::tie(z.cpText);
+    }
+    template <class Z>
+    static auto schluessel(Z& z) {
+        return std::tie(z.Id, z.cpText);
+    }
     long insert(const char* cpText);
     bool update(long id, const char* cpText);
     void traceSelect(const Zeile& b);
@@ -42,14 +48,18 @@ struct Zeile2 {
     std::uint16_t Pos;
 };
 class Tabelle2 : public TabelleT<Tabelle2, Zeile2> {
-public:
+  public:
     static constexpr unsigned kGroesse = 14;
     static constexpr const char* kKlasse = "Tabelle2";
     static constexpr const char* kKlasseSelectId = "Tabelle2";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) { return std::tie(z.DVD_Id, z.Objekt1_Id, z.Pos); }
-    template <class Z> static auto schluessel(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
+        return std::tie(z.DVD_Id, z.Objekt1_Id, z.Pos);
+    }
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.DVD_Id, z.Objekt1_Id);
     }
     long insert(long DVD_Id, long Objekt1_Id, int Pos);
@@ -68,16 +78,18 @@ struct Zeile3 {
     std::uint16_t Pos;
 };
 class Tabelle3 : public TabelleT<Tabelle3, Zeile3> {
-public:
+  public:
     static constexpr unsigned kGroesse = 18;
     static constexpr const char* kKlasse = "Tabelle3";
     static constexpr const char* kKlasseSelectId = "Tabelle3";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.Film_Id, z.Person_Id, z.Funktion, z.Pos);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.Film_Id, z.Person_Id, z.Funktion);
     }
     long insert(long Film_Id, long Person_Id, long Funktion, int Pos);
@@ -95,16 +107,18 @@ struct Zeile4 {
     std::uint16_t Pos;
 };
 class Tabelle4 : public TabelleT<Tabelle4, Zeile4> {
-public:
+  public:
     static constexpr unsigned kGroesse = 75;
     static constexpr const char* kKlasse = "Tabelle4";
     static constexpr const char* kKlasseSelectId = "Tabelle4";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.Fremd_Id, z.Typ, z.cpTitel, z.Pos);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.Fremd_Id, z.Typ, z.cpTitel, z.Pos);
     }
     long insert(long Fremd_Id, int Typ, const char* cpTitel, int Pos);
@@ -121,14 +135,18 @@ struct Zeile5 {
     std::int16_t Jahr;
 };
 class Tabelle5 : public TabelleT<Tabelle5, Zeile5> {
-public:
+  public:
     static constexpr unsigned kGroesse = 9;
     static constexpr const char* kKlasse = "Tabelle5";
     static constexpr const char* kKlasseSelectId = "Tabelle5";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) { return std::tie(z.FSK, z.Laenge, z.Jahr); }
-    template <class Z> static auto schluessel(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
+        return std::tie(z.FSK, z.Laenge, z.Jahr);
+    }
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.FSK, z.Laenge, z.Jahr);
     }
     long insert(int FSK, int Laenge, int Jahr);
@@ -147,16 +165,18 @@ struct Zeile6 {
     std::uint16_t Pos;
 };
 class Tabelle6 : public TabelleT<Tabelle6, Zeile6> {
-public:
+  public:
     static constexpr unsigned kGroesse = 18;
     static constexpr const char* kKlasse = "Tabelle6";
     static constexpr const char* kKlasseSelectId = "Tabelle6";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.Film_Id, z.Sprachen_Id, z.Tonformat_Id, z.Pos);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.Film_Id, z.Sprachen_Id, z.Tonformat_Id, z.Pos);
     }
     long insert(long Film_Id, long Sprachen_Id, long Tonformat_Id, int Pos);
@@ -174,16 +194,18 @@ struct Zeile7 {
     std::uint16_t Pos;
 };
 class Tabelle7 : public TabelleT<Tabelle7, Zeile7> {
-public:
+  public:
     static constexpr unsigned kGroesse = 18;
     static constexpr const char* kKlasse = "Tabelle7";
     static constexpr const char* kKlasseSelectId = "Tabelle7";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.Box_Id, z.DVD_Id, z.Sammelbox_Id, z.Pos);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.Box_Id, z.DVD_Id, z.Sammelbox_Id, z.Pos);
     }
     long insert(long Box_Id, long DVD_Id, long Sammelbox_Id, int Pos);
@@ -201,14 +223,18 @@ struct Zeile8 {
     char cpVorname[65];
 };
 class Tabelle8 : public TabelleT<Tabelle8, Zeile8> {
-public:
+  public:
     static constexpr unsigned kGroesse = 134;
     static constexpr const char* kKlasse = "Tabelle8";
     static constexpr const char* kKlasseSelectId = "Tabelle8";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) { return std::tie(z.Instanz, z.cpName, z.cpVorname); }
-    template <class Z> static auto schluessel(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
+        return std::tie(z.Instanz, z.cpName, z.cpVorname);
+    }
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.Instanz, z.cpName, z.cpVorname);
     }
     long insert(int Instanz, const char* cpName, const char* cpVorname);
@@ -233,17 +259,19 @@ struct Zeile9 {
     std::uint32_t BytesHigh;
 };
 class Tabelle9 : public TabelleT<Tabelle9, Zeile9> {
-public:
+  public:
     static constexpr unsigned kGroesse = 90;
     static constexpr const char* kKlasse = "Tabelle9";
     static constexpr const char* kKlasseSelectId = "Tabelle9";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.Jahr, z.RC, z.Opt, z.cpText, z.Formate_Id, z.SN, z.Laenge, z.BytesLow,
                         z.BytesHigh);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.Jahr, z.RC, z.Opt, z.cpText, z.Formate_Id, z.SN, z.Laenge,
                         z.BytesLow, z.BytesHigh);
     }
@@ -257,14 +285,18 @@ public:
 };
 
 class Tabelle10 : public TabelleT<Tabelle10, Zeile2> {
-public:
+  public:
     static constexpr unsigned kGroesse = 14;
     static constexpr const char* kKlasse = "Tabelle10";
     static constexpr const char* kKlasseSelectId = "Tabelle10";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) { return std::tie(z.DVD_Id, z.Objekt1_Id, z.Pos); }
-    template <class Z> static auto schluessel(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
+        return std::tie(z.DVD_Id, z.Objekt1_Id, z.Pos);
+    }
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.DVD_Id, z.Objekt1_Id);
     }
     // The first field is the film's id, stored where Tabelle2 keeps DVD_Id.
@@ -281,14 +313,20 @@ struct Zeile11 {
     char cpText[129];
 };
 class Tabelle11 : public TabelleT<Tabelle11, Zeile11> {
-public:
+  public:
     static constexpr unsigned kGroesse = 133;
     static constexpr const char* kKlasse = "Tabelle11";
     static constexpr const char* kKlasseSelectId = "Tabelle11";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) { return std::tie(z.Typ, z.cpText); }
-    template <class Z> static auto schluessel(Z& z) { return std::tie(z.Id, z.Typ, z.cpText); }
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
+        return std::tie(z.Typ, z.cpText);
+    }
+    template <class Z>
+    static auto schluessel(Z& z) {
+        return std::tie(z.Id, z.Typ, z.cpText);
+    }
     long insert(int Typ, const char* cpText);
     bool update(long id, int Typ, const char* cpText);
     void traceSelect(const Zeile& b);
@@ -306,16 +344,18 @@ struct Zeile12 {
     std::int32_t Zusatz_Id;
 };
 class Tabelle12 : public TabelleT<Tabelle12, Zeile12> {
-public:
+  public:
     static constexpr unsigned kGroesse = 92;
     static constexpr const char* kKlasse = "Tabelle12";
     static constexpr const char* kKlasseSelectId = "Tabelle12";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.cpEAN, z.cpText, z.Verpackungs_Id, z.Zusatz_Id);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.cpEAN, z.cpText, z.Verpackungs_Id, z.Zusatz_Id);
     }
     long insert(const char* cpEAN, const char* cpText, long Verpackungs_Id, long Zusatz_Id);
@@ -335,16 +375,18 @@ struct Zeile13 {
     char cpExtern[129];
 };
 class Tabelle13 : public TabelleT<Tabelle13, Zeile13> {
-public:
+  public:
     static constexpr unsigned kGroesse = 141;
     static constexpr const char* kKlasse = "Tabelle13";
     static constexpr const char* kKlasseSelectId = "Tabelle13";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.lFilterId, z.Typ, z.lIntern, z.cpExtern);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.lFilterId, z.Typ, z.lIntern, z.cpExtern);
     }
     long insert(long lFilterId, int Typ, long lIntern, const char* cpExtern);
@@ -362,14 +404,18 @@ struct Zeile14 {
     std::int32_t lWert3;
 };
 class Tabelle14 : public TabelleT<Tabelle14, Zeile14> {
-public:
+  public:
     static constexpr unsigned kGroesse = 16;
     static constexpr const char* kKlasse = "Tabelle14";
     static constexpr const char* kKlasseSelectId = "Tabelle14";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) { return std::tie(z.lWert1, z.lWert2, z.lWert3); }
-    template <class Z> static auto schluessel(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
+        return std::tie(z.lWert1, z.lWert2, z.lWert3);
+    }
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.lWert1, z.lWert2, z.lWert3);
     }
     void traceSelect(const Zeile& b);
@@ -386,17 +432,19 @@ struct Zeile15 {
     std::uint16_t Pos;
 };
 class Tabelle15 : public TabelleT<Tabelle15, Zeile15> {
-public:
+  public:
     static constexpr unsigned kGroesse = 18;
     static constexpr const char* kKlasse = "Tabelle15";
     // The select by id of this class names Tabelle14 in its memory line; kept so.
     static constexpr const char* kKlasseSelectId = "Tabelle14";
-    using TabelleT::TabelleT;
     using TabelleT::select;
-    template <class Z> static auto felder(Z& z) {
+    using TabelleT::TabelleT;
+    template <class Z>
+    static auto felder(Z& z) {
         return std::tie(z.Vormerk_Id, z.Objekt_Typ, z.Objekt_Id, z.Pos);
     }
-    template <class Z> static auto schluessel(Z& z) {
+    template <class Z>
+    static auto schluessel(Z& z) {
         return std::tie(z.Id, z.Vormerk_Id, z.Objekt_Typ, z.Objekt_Id);
     }
     long insert(long Vormerk_Id, long Objekt_Typ, long Objekt_Id, int Pos);
@@ -414,7 +462,7 @@ struct DatenVersionSatz {
     char datum[9] = {};  // eight characters and a terminator
 };
 class TabelleVersion : public Tabelle {
-public:
+  public:
     static constexpr unsigned kGroesse = 28;
     TabelleVersion(SpeicherUmgebung& u, std::string name);
     unsigned getRecordSize() const override { return kGroesse; }

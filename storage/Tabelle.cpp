@@ -10,7 +10,9 @@ Tabelle::Tabelle(SpeicherUmgebung& umgebung, std::string name)
 
 Tabelle::~Tabelle() = default;
 
-std::string Tabelle::pfad() const { return umgebung_.datenOrdner + name_ + ".dat"; }
+std::string Tabelle::pfad() const {
+    return umgebung_.datenOrdner + name_ + ".dat";
+}
 
 Trace& stillerTrace() {
     static KeinTrace still;
@@ -30,8 +32,8 @@ bool Tabelle::create() {
     const std::string p = pfad();
     int fehler = 0;
     if (fs.oeffne(p, OeffnenModus::LesenSchreiben, &fehler)) {
-        DV_TRACE(trace(), kTraceTabelle, "%s%s%s existiert bereits.",
-                 umgebung_.datenOrdner.c_str(), name_.c_str(), ".dat");
+        DV_TRACE(trace(), kTraceTabelle, "%s%s%s existiert bereits.", umgebung_.datenOrdner.c_str(),
+                 name_.c_str(), ".dat");
         return true;
     }
     // A file that is there but cannot be opened (no permission, locked) is never
@@ -127,8 +129,7 @@ long Tabelle::einfuegenRoh(const unsigned char* felder) {
     // First the record with its slot still free, then the word that makes it live:
     // the liveness bit is in the word's last byte, so no torn write can publish
     // a record whose fields are not all on disk.
-    if (!datei->schreibe(pos, puffer_.data(), groesse) ||
-        !datei->schreibe(pos, &lebendesWort, 4)) {
+    if (!datei->schreibe(pos, puffer_.data(), groesse) || !datei->schreibe(pos, &lebendesWort, 4)) {
         if (wiederverwendet)
             frei_.insert(frei_.begin() + static_cast<std::ptrdiff_t>(freiKopf_),
                          static_cast<std::int32_t>(id));

@@ -47,7 +47,7 @@ inline constexpr std::uint32_t kLebendBit = 0x80000000u;
 Trace& stillerTrace();
 
 class Tabelle {
-public:
+  public:
     Tabelle(SpeicherUmgebung& umgebung, std::string name);
     virtual ~Tabelle();
     Tabelle(const Tabelle&) = delete;
@@ -83,7 +83,7 @@ public:
     Trace& trace() const { return umgebung_.trace ? *umgebung_.trace : stillerTrace(); }
     SpeicherUmgebung& umgebung() const { return umgebung_; }
 
-protected:
+  protected:
     // The common frame of insert; felder holds the record after the id word.
     // The record is written with its slot still marked free and only then made
     // live, so a failed or torn write never leaves a half-written live record.
@@ -103,7 +103,7 @@ protected:
     SpeicherUmgebung& umgebung_;
     std::vector<unsigned char> puffer_;  // one record image
 
-private:
+  private:
     // Reads every whole record of the open file in blocks of about a megabyte and
     // calls f(id, word, record) with the slot's id, its stored id word and a
     // pointer to the whole record. False if the file cannot be measured or read.

@@ -126,7 +126,8 @@ template <class Tupel, class Tupel2>
 bool passt(const Tupel& beispiel, const Tupel2& wert, bool grossKlein) {
     return [&]<std::size_t... I>(std::index_sequence<I...>) {
         return (passtEins(std::get<I>(beispiel), std::get<I>(wert), grossKlein) && ...);
-    }(std::make_index_sequence<std::tuple_size_v<Tupel>>{});
+    }
+    (std::make_index_sequence<std::tuple_size_v<Tupel>>{});
 }
 
 // Ends every text field at its width, so that a row filled by a caller can be
@@ -167,7 +168,7 @@ const char* ersterText(const Tupel& t) {
 
 template <class R, class ZeileT>
 class TabelleT : public Tabelle {
-public:
+  public:
     using Zeile = ZeileT;
 
     TabelleT(SpeicherUmgebung& u, std::string name) : Tabelle(u, std::move(name)) {
@@ -227,8 +228,8 @@ public:
     // row, the titled object of a title row).
     template <class A, class F>
     bool scanneNachErstemFeld(A&& auswahl, F&& f) {
-        using Erstes = std::remove_cvref_t<std::tuple_element_t<0, decltype(R::felder(
-                                                                      std::declval<Zeile&>()))>>;
+        using Erstes = std::remove_cvref_t<
+            std::tuple_element_t<0, decltype(R::felder(std::declval<Zeile&>()))>>;
         static_assert(std::is_same_v<Erstes, std::int32_t>, "the first field is no 32-bit id");
         Zeile z{};
         return scanneRoh([&](long id, const unsigned char* felder) {
@@ -242,7 +243,7 @@ public:
 
     static Zeile& zeile(ListenElement* node) { return *static_cast<Zeile*>(node->pObjekt); }
 
-protected:
+  protected:
     long einfuegen(const Zeile& eingabe) {
         Zeile z = eingabe;
         feld::terminiere(R::felder(z));
@@ -270,7 +271,7 @@ protected:
         return ok;
     }
 
-private:
+  private:
     static_assert(std::is_trivially_copyable_v<Zeile>);
 
     static Zeile* neueZeile() { return static_cast<Zeile*>(std::calloc(1, sizeof(Zeile))); }
@@ -293,8 +294,9 @@ private:
             if (beispiel && !feld::passt(schluessel, R::schluessel(z), gk)) return;
             Zeile* row = neueZeile();
             if (!row) return;
-            DV_TRACE(trace(), kTraceSpeicher, "[malloc] pNew = [%08x] {%s::select(obj) [hint:[%s]]}",
-                     adr(row), R::kKlasse, hinweis);
+            DV_TRACE(trace(), kTraceSpeicher,
+                     "[malloc] pNew = [%08x] {%s::select(obj) [hint:[%s]]}", adr(row), R::kKlasse,
+                     hinweis);
             *row = z;
             ListenElement* node = newElement(row);
             if (!node) {

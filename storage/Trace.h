@@ -15,7 +15,7 @@ inline constexpr unsigned kTraceDetail16 = 16;
 inline constexpr unsigned kTraceDetail32 = 32;
 
 class Trace {
-public:
+  public:
     virtual ~Trace() = default;
 
     unsigned maske() const { return maske_; }
@@ -26,17 +26,17 @@ public:
     // printf-style; formats into 1024 bytes and hands the text to the sink.
     void zeile(unsigned mask, const char* format, ...) const __attribute__((format(printf, 3, 4)));
 
-protected:
+  protected:
     // Receives one formatted message (without time stamp and line end).
     virtual void schreibe(const char* nachricht) const = 0;
 
-private:
+  private:
     unsigned maske_ = 0;
 };
 
 // A sink that drops everything; the mask stays 0 unless a test sets it.
 class KeinTrace final : public Trace {
-protected:
+  protected:
     void schreibe(const char*) const override {}
 };
 
@@ -49,7 +49,7 @@ inline unsigned adr(const void* p) {
 
 // Checks the mask before the arguments are formatted: the hot paths of the
 // table engine trace every row, and with the mask off this costs one compare.
-#define DV_TRACE(t, mask, ...)                              \
-    do {                                                    \
+#define DV_TRACE(t, mask, ...)                               \
+    do {                                                     \
         if ((t).aktiv(mask)) (t).zeile((mask), __VA_ARGS__); \
     } while (0)

@@ -49,9 +49,13 @@ std::string CDorvanoDlg::wurzelText(const char* titel, int anzahl) {
     return KatalogBaum::wurzelText(titel, anzahl);
 }
 
-QTreeWidgetItem* CDorvanoDlg::wurzel() const { return baum_->topLevelItem(0); }
+QTreeWidgetItem* CDorvanoDlg::wurzel() const {
+    return baum_->topLevelItem(0);
+}
 
-void CDorvanoDlg::ladeBaum() { katalogBaum_->lade(CApplikation::titel()); }
+void CDorvanoDlg::ladeBaum() {
+    katalogBaum_->lade(CApplikation::titel());
+}
 
 void CDorvanoDlg::klappeAuf(QTreeWidgetItem* item) {
     katalogBaum_->klappeAuf(item, maxFilmeAufklappen_);

@@ -18,7 +18,7 @@ class KatalogBaum;
 
 class CDorvanoDlg : public QMainWindow {
     Q_OBJECT
-public:
+  public:
     // app must outlive the window. Reads the options and restores "WP_main".
     explicit CDorvanoDlg(CApplikation& app, QWidget* eltern = nullptr);
     ~CDorvanoDlg() override;
@@ -36,10 +36,10 @@ public:
     void klappeAuf(QTreeWidgetItem* item);
     KatalogBaum& katalogBaum() { return *katalogBaum_; }
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* ereignis) override;
 
-private:
+  private:
     void leseOptionen();
 
     CApplikation& app_;

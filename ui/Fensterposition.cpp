@@ -9,9 +9,18 @@
 namespace dv::ui {
 
 std::string fensterpositionText(const QWidget& fenster) {
-    const QRect r = fenster.normalGeometry().isValid() ? fenster.normalGeometry() : fenster.geometry();
-    const long werte[10] = {0, fenster.isMaximized() ? 3L : 1L, -1, -1, -1, -1,
-                            r.left(), r.top(), r.left() + r.width(), r.top() + r.height()};
+    const QRect r =
+        fenster.normalGeometry().isValid() ? fenster.normalGeometry() : fenster.geometry();
+    const long werte[10] = {0,
+                            fenster.isMaximized() ? 3L : 1L,
+                            -1,
+                            -1,
+                            -1,
+                            -1,
+                            r.left(),
+                            r.top(),
+                            r.left() + r.width(),
+                            r.top() + r.height()};
     std::string text;
     for (long w : werte) {
         char teil[24];

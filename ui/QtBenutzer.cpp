@@ -27,11 +27,16 @@ QString bildschirmText(const std::string& cp1252) {
 
 static QMessageBox::Icon icon(Symbol s) {
     switch (s) {
-        case Symbol::Information: return QMessageBox::Information;
-        case Symbol::Warnung: return QMessageBox::Warning;
-        case Symbol::Fehler: return QMessageBox::Critical;
-        case Symbol::Frage: return QMessageBox::Question;
-        case Symbol::Keins: break;
+        case Symbol::Information:
+            return QMessageBox::Information;
+        case Symbol::Warnung:
+            return QMessageBox::Warning;
+        case Symbol::Fehler:
+            return QMessageBox::Critical;
+        case Symbol::Frage:
+            return QMessageBox::Question;
+        case Symbol::Keins:
+            break;
     }
     return QMessageBox::NoIcon;
 }
@@ -113,8 +118,8 @@ std::vector<int> QtBenutzer::waehle(const std::string& titel, const std::string&
     std::vector<int> gewaehlt;
     if (dlg.exec() != QDialog::Accepted) return gewaehlt;
     for (int i = 0; i < liste->count(); ++i) {
-        const bool an = mehrfach ? liste->item(i)->checkState() == Qt::Checked
-                                 : liste->currentRow() == i;
+        const bool an =
+            mehrfach ? liste->item(i)->checkState() == Qt::Checked : liste->currentRow() == i;
         if (an) gewaehlt.push_back(i);
     }
     return gewaehlt;

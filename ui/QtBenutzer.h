@@ -12,7 +12,7 @@ class QWidget;
 namespace dv::ui {
 
 class QtBenutzer final : public Benutzer {
-public:
+  public:
     explicit QtBenutzer(QWidget* eltern = nullptr) : eltern_(eltern) {}
     void setzeEltern(QWidget* eltern) { eltern_ = eltern; }
 
@@ -29,7 +29,7 @@ public:
     bool unterbrechen() override;
     bool zwischenablage(const std::string& text) override;
 
-private:
+  private:
     QWidget* eltern_;
     QPointer<QProgressDialog> fortschritt_;
 };

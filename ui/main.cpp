@@ -31,8 +31,9 @@ int main(int argc, char** argv) {
                              QStringLiteral("ORDNER"));
     QCommandLineOption trace(QStringLiteral("trace"), alsQString("Trace-Maske (dezimal)"),
                              QStringLiteral("MASKE"));
-    QCommandLineOption zuruecksetzen(QStringLiteral("fenster-zuruecksetzen"),
-                                     alsQString("Löscht die gespeicherte Position des Hauptfensters"));
+    QCommandLineOption zuruecksetzen(
+        QStringLiteral("fenster-zuruecksetzen"),
+        alsQString("Löscht die gespeicherte Position des Hauptfensters"));
     parser.addOptions({basis, trace, zuruecksetzen});
     parser.process(anwendung);
 
@@ -44,8 +45,9 @@ int main(int argc, char** argv) {
     const std::string ordner =
         bestimmeProgrammOrdner(parser.value(basis).toStdString(), programmDateiOrdner());
     if (!app.starte(ordner, maske)) {
-        benutzer.meldung("Fehler...", "Der Programmordner \"" + ausQString(QString::fromStdString(ordner)) +
-                                          "\" kann nicht angelegt werden.",
+        benutzer.meldung("Fehler...",
+                         "Der Programmordner \"" + ausQString(QString::fromStdString(ordner)) +
+                             "\" kann nicht angelegt werden.",
                          Symbol::Fehler);
         return 1;
     }

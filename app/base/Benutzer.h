@@ -19,15 +19,15 @@ enum class ObjektModus { Normal, Bearbeiten, Auswahl };
 enum class ObjektTaste { OK, AlleOK, Edit, Auswahl, Nicht, Letzte /* "Beenden" or "Abbruch" */ };
 
 struct ObjektDialog {
-    std::string titel;       // "Neues Objekt bestätigen..." / "Neue Person bestätigen..."
-    std::string zeile;       // "Das folgende zu importierende Objekt ist noch unbekannt:" ...
-    std::string typ;         // the type's label
+    std::string titel;  // "Neues Objekt bestätigen..." / "Neue Person bestätigen..."
+    std::string zeile;  // "Das folgende zu importierende Objekt ist noch unbekannt:" ...
+    std::string typ;    // the type's label
     std::vector<std::string> feldNamen;  // empty for a lookup; "Nachname", "Vorname", "Instanz"
     std::vector<std::string> felder;     // current field contents
     std::vector<std::string> liste;      // the type's existing objects
     ObjektModus modus = ObjektModus::Normal;
-    bool auswahlMoeglich = false;        // "Auswahl" only when the type has objects
-    std::string letzteTaste;             // "Beenden" in normal mode, else "Abbruch"
+    bool auswahlMoeglich = false;  // "Auswahl" only when the type has objects
+    std::string letzteTaste;       // "Beenden" in normal mode, else "Abbruch"
 };
 
 struct ObjektAntwort {
@@ -37,7 +37,7 @@ struct ObjektAntwort {
 };
 
 class Benutzer {
-public:
+  public:
     virtual ~Benutzer() = default;
 
     // A Yes/No question; true for Yes.

@@ -25,8 +25,12 @@ static std::string zeile(const char* format, const DatenVersionSatz& v) {
     return text;
 }
 
-std::string istZeile(const DatenVersionSatz& v) { return zeile("Ist  : %d.%d.%d.%d - %s", v); }
-std::string sollZeile(const DatenVersionSatz& v) { return zeile("Soll : %d.%d.%d.%d - %s", v); }
+std::string istZeile(const DatenVersionSatz& v) {
+    return zeile("Ist  : %d.%d.%d.%d - %s", v);
+}
+std::string sollZeile(const DatenVersionSatz& v) {
+    return zeile("Soll : %d.%d.%d.%d - %s", v);
+}
 
 bool pruefeDatenversion(Katalog& katalog, Protokoll& protokoll, Benutzer& benutzer) {
     const std::string vorher = protokoll.meldungsDatei();
@@ -41,7 +45,8 @@ bool pruefeDatenversion(Katalog& katalog, Protokoll& protokoll, Benutzer& benutz
     protokoll.meldung("%s", "");
     if (!v.passt) {
         protokoll.meldung("### Falsche Datenversion entdeckt ###");
-        protokoll.meldung("Bitte schauen Sie bzgl. dieses Problems auf den Internetseiten der ZELKA nach.");
+        protokoll.meldung(
+            "Bitte schauen Sie bzgl. dieses Problems auf den Internetseiten der ZELKA nach.");
     }
     protokoll.setzeMeldungsDatei(vorher);
     if (!v.passt) {

@@ -28,9 +28,13 @@ static std::unique_ptr<QSettings> oeffne(const std::string& datei) {
     return std::make_unique<QSettings>(QString::fromStdString(datei), QSettings::IniFormat);
 }
 
-std::string Einstellungen::dateiPfad() const { return oeffne(datei_)->fileName().toStdString(); }
+std::string Einstellungen::dateiPfad() const {
+    return oeffne(datei_)->fileName().toStdString();
+}
 
-bool Einstellungen::vorhanden() const { return QFileInfo::exists(QString::fromStdString(dateiPfad())); }
+bool Einstellungen::vorhanden() const {
+    return QFileInfo::exists(QString::fromStdString(dateiPfad()));
+}
 
 bool Einstellungen::getZahl(const char* name, std::uint32_t& wert) {
     if (!vorhanden()) return false;
@@ -96,7 +100,8 @@ bool Einstellungen::getText(const char* name, std::string& text) {
 
 bool Einstellungen::setText(const char* name, const std::string& text) {
     auto s = oeffne(datei_);
-    s->setValue(QString::fromLatin1(name), QByteArray(text.data(), static_cast<qsizetype>(text.size())));
+    s->setValue(QString::fromLatin1(name),
+                QByteArray(text.data(), static_cast<qsizetype>(text.size())));
     s->sync();
     return s->status() == QSettings::NoError;
 }

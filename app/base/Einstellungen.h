@@ -21,7 +21,7 @@ inline constexpr std::uint32_t kMaxFilmeAufklappenStandard = 10;
 inline constexpr std::uint32_t kFilmTitelSucheStandard = 7;
 
 class Einstellungen {
-public:
+  public:
     // The user's own store.
     Einstellungen();
     // A store in the given file (tests, portable installations).
@@ -69,7 +69,7 @@ public:
     bool setFensterPosition(const char* name, const std::string& t) { return setText(name, t); }
     bool loescheFensterPosition(const char* name = "WP_main");
 
-private:
+  private:
     bool getBenannt(const char* name, std::uint32_t standard, std::uint32_t& wert);
     bool getOhneStandard(const char* name, std::uint32_t& wert);
     bool getTextMax(const char* name, std::size_t puffer, std::string& text);

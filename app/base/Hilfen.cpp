@@ -45,14 +45,29 @@ std::string umlauteUmschreiben(const std::string& text) {
     out.reserve(text.size() + 4);
     for (char c : text) {
         switch (static_cast<unsigned char>(c)) {
-            case 0xC4: out += "Ae"; break;  // Ä
-            case 0xD6: out += "Oe"; break;  // Ö
-            case 0xDC: out += "Ue"; break;  // Ü
-            case 0xE4: out += "ae"; break;  // ä
-            case 0xF6: out += "oe"; break;  // ö
-            case 0xFC: out += "ue"; break;  // ü
-            case 0xDF: out += "ss"; break;  // ß
-            default: out += c;
+            case 0xC4:
+                out += "Ae";
+                break;  // Ä
+            case 0xD6:
+                out += "Oe";
+                break;  // Ö
+            case 0xDC:
+                out += "Ue";
+                break;  // Ü
+            case 0xE4:
+                out += "ae";
+                break;  // ä
+            case 0xF6:
+                out += "oe";
+                break;  // ö
+            case 0xFC:
+                out += "ue";
+                break;  // ü
+            case 0xDF:
+                out += "ss";
+                break;  // ß
+            default:
+                out += c;
         }
     }
     return out;
@@ -66,11 +81,16 @@ unsigned char klein(unsigned char c) {
     if ((c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7))
         return static_cast<unsigned char>(c + 32);
     switch (c) {
-        case 0x8A: return 0x9A;  // Š
-        case 0x8C: return 0x9C;  // Œ
-        case 0x8E: return 0x9E;  // Ž
-        case 0x9F: return 0xFF;  // Ÿ
-        default: return c;
+        case 0x8A:
+            return 0x9A;  // Š
+        case 0x8C:
+            return 0x9C;  // Œ
+        case 0x8E:
+            return 0x9E;  // Ž
+        case 0x9F:
+            return 0xFF;  // Ÿ
+        default:
+            return c;
     }
 }
 
@@ -82,7 +102,9 @@ int vergleicheOhneFall(const char* a, const char* b) {
     }
 }
 
-bool hatUmlaut(const char* s) { return std::strpbrk(s, "\xE4\xF6\xFC\xC4\xD6\xDC\xDF") != nullptr; }
+bool hatUmlaut(const char* s) {
+    return std::strpbrk(s, "\xE4\xF6\xFC\xC4\xD6\xDC\xDF") != nullptr;
+}
 
 int vergleicheKnoten(const void* a, const void* b) {
     const auto* x = *static_cast<ListenElement* const*>(a);
@@ -148,18 +170,25 @@ std::string datumsStempel(char trenner, DatumsForm form) {
 
 const char* groessenEinheit(int index) {
     switch (index) {
-        case 1: return "Bytes";
-        case 2: return "KB";
-        case 3: return "MB";
-        case 4: return "GB";
-        case 5: return "TB";
-        default: return "> TB";
+        case 1:
+            return "Bytes";
+        case 2:
+            return "KB";
+        case 3:
+            return "MB";
+        case 4:
+            return "GB";
+        case 5:
+            return "TB";
+        default:
+            return "> TB";
     }
 }
 
 bool kopiereText(Benutzer& benutzer, const std::string& text, bool still) {
     const bool ok = benutzer.zwischenablage(text);
-    if (ok && !still) benutzer.meldung("Zwischenablage", "Der Text wurde kopiert.", Symbol::Information);
+    if (ok && !still)
+        benutzer.meldung("Zwischenablage", "Der Text wurde kopiert.", Symbol::Information);
     return ok;
 }
 

@@ -26,8 +26,8 @@ void Ordner::setzeBasis(const std::string& programmOrdner) {
 
 bool Ordner::legeAn(Dateisystem& fs) const {
     bool alle = fs.istOrdner(programm) || fs.erzeugeOrdner(programm);
-    for (const std::string* o : {&daten, &cover, &kommentar, &inhalt, &reste, &meldungen,
-                                 &vorlagen, &tags, &backups, &updates, &ocl}) {
+    for (const std::string* o : {&daten, &cover, &kommentar, &inhalt, &reste, &meldungen, &vorlagen,
+                                 &tags, &backups, &updates, &ocl}) {
         if (!fs.istOrdner(*o) && !fs.erzeugeOrdner(*o)) alle = false;
     }
     return alle;

@@ -13,7 +13,7 @@ namespace dv {
 inline constexpr long kTraceMaxGroesse = 5242880;  // 5 MiB, then the log moves to ".bak"
 
 class Protokoll final : public Trace {
-public:
+  public:
     explicit Protokoll(Dateisystem& fs = echtesDateisystem());
 
     // Trace log = the path with its own extension (".log" if it has none),
@@ -37,10 +37,10 @@ public:
 
     Dateisystem& fs() { return fs_; }
 
-protected:
+  protected:
     void schreibe(const char* nachricht) const override;
 
-private:
+  private:
     Dateisystem& fs_;
     std::string logPfad_ = "C:\\Log.log";
     std::string backupPfad_ = "C:\\Log.bak";

@@ -95,7 +95,8 @@ bool utf8NachCp1252(std::string_view utf8, std::string& out) {
 QString alsQString(std::string_view cp1252) {
     QString s;
     s.reserve(static_cast<qsizetype>(cp1252.size()));
-    for (char c : cp1252) s.append(QChar(static_cast<char16_t>(zeichen(static_cast<unsigned char>(c)))));
+    for (char c : cp1252)
+        s.append(QChar(static_cast<char16_t>(zeichen(static_cast<unsigned char>(c)))));
     return s;
 }
 

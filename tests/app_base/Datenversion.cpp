@@ -5,15 +5,15 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/FesteUhr.h"
 #include "tests/support/FakeBenutzer.h"
+#include "tests/support/FesteUhr.h"
 #include "tests/support/TempOrdner.h"
 
 namespace dv::test {
 namespace {
 
 class DatenversionTest : public ::testing::Test {
-protected:
+  protected:
     FesteUhr uhr{6, 4, 2007, 9, 5, 0};
     TempOrdner daten, meldungen;
     Protokoll protokoll;

@@ -13,7 +13,7 @@ namespace dv::test {
 namespace {
 
 class EinstellungenTest : public ::testing::Test {
-protected:
+  protected:
     TempOrdner tmp;
     std::string pfad = tmp / "dorvano.ini";
     Einstellungen e{pfad};

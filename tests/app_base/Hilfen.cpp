@@ -10,9 +10,9 @@
 #include "app/base/Ordner.h"
 #include "app/base/Protokoll.h"
 #include "app/base/Zeichensatz.h"
-#include "tests/support/FesteUhr.h"
 #include "tests/support/FakeBenutzer.h"
 #include "tests/support/FehlerDateisystem.h"
+#include "tests/support/FesteUhr.h"
 #include "tests/support/TempOrdner.h"
 
 namespace dv::test {
@@ -38,7 +38,8 @@ std::vector<std::string> sortiereTitel(std::vector<const char*> titel, const Tra
         el[i].pNext = i + 1 < el.size() ? &el[i + 1] : nullptr;
     }
     // Any element will do: the sort walks back to the first.
-    BoxEl* kopf = sortiereListe(&el[el.size() / 2], vergleicheBoxEl, trace, "CApplikation::sortBoxListe");
+    BoxEl* kopf =
+        sortiereListe(&el[el.size() / 2], vergleicheBoxEl, trace, "CApplikation::sortBoxListe");
     std::vector<std::string> out;
     const BoxEl* vorher = nullptr;
     for (BoxEl* e = kopf; e; e = e->pNext) {
@@ -209,31 +210,38 @@ TEST(Zeichensatz, EveryByteSurvivesTheRoundTrip) {
     EXPECT_EQ(ausQString(alsQString(alle), &ok), alle);
     EXPECT_TRUE(ok);
     EXPECT_EQ(alsQString(alle).size(), 256);
-    EXPECT_EQ(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())), alsQString(alle));
+    EXPECT_EQ(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())),
+              alsQString(alle));
 }
 
 TEST(Zeichensatz, KnownCharacters) {
-    EXPECT_EQ(cp1252NachUtf8("\x80"), "\xE2\x82\xAC");  // €
+    EXPECT_EQ(cp1252NachUtf8("\x80"), "\xE2\x82\xAC");          // €
     EXPECT_EQ(cp1252NachUtf8("\xE4\xDF"), "\xC3\xA4\xC3\x9F");  // ä ß
     EXPECT_EQ(alsQString("\x9F"), QString(QChar(0x0178)));      // Ÿ
     std::string out;
-    ASSERT_TRUE(utf8NachCp1252("\xE2\x80\x9E" "Zitat\xE2\x80\x9C", out));  // „Zitat“
+    ASSERT_TRUE(
+        utf8NachCp1252("\xE2\x80\x9E"
+                       "Zitat\xE2\x80\x9C",
+                       out));  // „Zitat“
     EXPECT_EQ(out, "\x84Zitat\x93");
 }
 
 TEST(Zeichensatz, UnrepresentableAndInvalidInputIsRefused) {
     std::string out = "alt";
     EXPECT_FALSE(utf8NachCp1252("Pfeil \xE2\x86\x92", out));  // →
-    EXPECT_FALSE(utf8NachCp1252("\xF0\x9F\x8E\xAC", out));   // a film clapper
-    EXPECT_FALSE(utf8NachCp1252("\xC2\x80", out));           // U+0080 has no byte: 0x80 is €
-    EXPECT_FALSE(utf8NachCp1252("\x80", out));               // lone continuation byte
-    EXPECT_FALSE(utf8NachCp1252("\xC3", out));               // cut short
-    EXPECT_FALSE(utf8NachCp1252("\xC0\xAF", out));           // overlong slash
-    EXPECT_FALSE(utf8NachCp1252("\xE0\x80\x80", out));       // overlong NUL
-    EXPECT_FALSE(utf8NachCp1252("\xF0\x82\x82\xAC", out));   // overlong €
+    EXPECT_FALSE(utf8NachCp1252("\xF0\x9F\x8E\xAC", out));    // a film clapper
+    EXPECT_FALSE(utf8NachCp1252("\xC2\x80", out));            // U+0080 has no byte: 0x80 is €
+    EXPECT_FALSE(utf8NachCp1252("\x80", out));                // lone continuation byte
+    EXPECT_FALSE(utf8NachCp1252("\xC3", out));                // cut short
+    EXPECT_FALSE(utf8NachCp1252("\xC0\xAF", out));            // overlong slash
+    EXPECT_FALSE(utf8NachCp1252("\xE0\x80\x80", out));        // overlong NUL
+    EXPECT_FALSE(utf8NachCp1252("\xF0\x82\x82\xAC", out));    // overlong €
     EXPECT_EQ(out, "alt");
     bool ok = true;
-    EXPECT_EQ(ausQString(QString::fromUtf8("a\xE2\x86\x92" "b"), &ok), "a?b");
+    EXPECT_EQ(ausQString(QString::fromUtf8("a\xE2\x86\x92"
+                                           "b"),
+                         &ok),
+              "a?b");
     EXPECT_FALSE(ok);
     EXPECT_EQ(ausQString(QString::fromUtf8("\xF0\x9F\x8E\xAC!")), "?!");
 }
@@ -249,8 +257,8 @@ TEST(Ordner, LayoutBelowTheProgramFolder) {
     EXPECT_EQ(o.kommentar, tmp / "prog/Kommentar/");
     EXPECT_EQ(o.meldungen, tmp / "prog/Meldungen/");
     EXPECT_TRUE(o.legeAn(echtesDateisystem()));
-    const V erwartet{"Backups", "Cover",   "Daten", "Inhalt",  "Kommentar", "Meldungen",
-                     "Ocl",     "Reste",   "Tags",  "Updates", "Vorlagen"};
+    const V erwartet{"Backups", "Cover", "Daten", "Inhalt",  "Kommentar", "Meldungen",
+                     "Ocl",     "Reste", "Tags",  "Updates", "Vorlagen"};
     V namen;
     for (const auto& e : echtesDateisystem().liste(o.programm)) {
         EXPECT_TRUE(e.istOrdner) << e.name;

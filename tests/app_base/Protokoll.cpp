@@ -9,8 +9,8 @@
 #include <cstring>
 #include <filesystem>
 
-#include "tests/support/FesteUhr.h"
 #include "tests/support/FehlerDateisystem.h"
+#include "tests/support/FesteUhr.h"
 #include "tests/support/TempOrdner.h"
 
 namespace dv::test {
@@ -19,7 +19,7 @@ namespace {
 constexpr const char* kStempel = "<05.03.2007 14:07:09>: ";
 
 class ProtokollTest : public ::testing::Test {
-protected:
+  protected:
     FesteUhr uhr{5, 3, 2007, 14, 7, 9};
     TempOrdner tmp;
     Protokoll p;
@@ -131,9 +131,10 @@ TEST_F(ProtokollTest, UnopenableLogDropsTheLineAndAnUncreatableFolderFallsBackTo
 
 TEST_F(ProtokollTest, LogPathWithAndWithoutExtension) {
     // A dot in a folder name is not an extension; the missing folder is created.
-    for (const auto& [ein, log, bak] : {std::array<const char*, 3>{"zelka", "zelka.log", "zelka.bak"},
-                                        {"spur.txt", "spur.txt", "spur.bak"},
-                                        {"a.b/c/zelka", "a.b/c/zelka.log", "a.b/c/zelka.bak"}}) {
+    for (const auto& [ein, log, bak] :
+         {std::array<const char*, 3>{"zelka", "zelka.log", "zelka.bak"},
+          {"spur.txt", "spur.txt", "spur.bak"},
+          {"a.b/c/zelka", "a.b/c/zelka.log", "a.b/c/zelka.bak"}}) {
         p.setzeLogPfad(tmp / ein);
         EXPECT_EQ(p.logPfad(), tmp / log);
         EXPECT_EQ(p.backupPfad(), tmp / bak);

@@ -23,7 +23,8 @@ inline std::string u(std::u8string_view s) {
 
 // Exit code `code` and `teil` somewhere in standard error.
 inline ::testing::AssertionResult meldet(const Lauf& l, int code, const std::string& teil) {
-    if (l.code == code && l.err.find(teil) != std::string::npos) return ::testing::AssertionSuccess();
+    if (l.code == code && l.err.find(teil) != std::string::npos)
+        return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure()
            << "Code " << l.code << " (erwartet " << code << "), err: " << l.err;
 }

@@ -50,9 +50,12 @@ TEST(CliAusgabe, ValidierenFragtSichertUndRepariert) {
 
     const Lauf lauf = k.run({"validieren"}, "", true);
     EXPECT_TRUE(meldet(lauf, 0, "Datenbank: Die Validierung ist abgeschlossen."));
-    EXPECT_NE(lauf.aus.find("(1/3) Normalisiere Objekte von Box 1 / 1\n"), std::string::npos) << lauf.aus;
+    EXPECT_NE(lauf.aus.find("(1/3) Normalisiere Objekte von Box 1 / 1\n"), std::string::npos)
+        << lauf.aus;
     EXPECT_EQ(k.pos(), 1);
-    EXPECT_NE(leseDatei(k.basis + "Meldungen/db_validate.log").find("Box 1 [Gr\xF6\xDF" "e]"),
+    EXPECT_NE(leseDatei(k.basis + "Meldungen/db_validate.log")
+                  .find("Box 1 [Gr\xF6\xDF"
+                        "e]"),
               std::string::npos);
     int sicherungen = 0;
     for (const auto& e : std::filesystem::directory_iterator(k.basis + "Backups")) {
@@ -67,15 +70,24 @@ TEST(CliAusgabe, UebersichtMitUndAusEinstellungsdatei) {
     Katalog k;
     const std::string ziel = k.tmp / "Seite.html";
     const std::string ini = k.tmp / "seite.ini";
-    const std::string titel = "Gr\xC3\xB6\xC3\x9F" "e";  // the argument is UTF-8
-    Lauf lauf = k.run({"uebersicht", "--vorlage", "Uebersicht.html", "--ziel", ziel, "--titel", titel,
-                       "--speichern", ini, "--nicht-oeffnen"});
+    const std::string titel =
+        "Gr\xC3\xB6\xC3\x9F"
+        "e";  // the argument is UTF-8
+    Lauf lauf = k.run({"uebersicht", "--vorlage", "Uebersicht.html", "--ziel", ziel, "--titel",
+                       titel, "--speichern", ini, "--nicht-oeffnen"});
     ASSERT_EQ(lauf.code, 0) << lauf.err;
     std::string seite = leseDatei(ziel);
-    EXPECT_NE(seite.find("<title>Gr\xF6\xDF" "e</title>"), std::string::npos);
-    EXPECT_NE(seite.find("<h1>\xDC" "berschrift</h1>"), std::string::npos);
-    EXPECT_NE(seite.find("<div class=\"boxtitel\">Gr\xF6\xDF" "e</div>"), std::string::npos);
-    EXPECT_NE(leseDatei(ini).find("Vorlage=\"" + k.basis + "Vorlagen/Uebersicht.html\""), std::string::npos);
+    EXPECT_NE(seite.find("<title>Gr\xF6\xDF"
+                         "e</title>"),
+              std::string::npos);
+    EXPECT_NE(seite.find("<h1>\xDC"
+                         "berschrift</h1>"),
+              std::string::npos);
+    EXPECT_NE(seite.find("<div class=\"boxtitel\">Gr\xF6\xDF"
+                         "e</div>"),
+              std::string::npos);
+    EXPECT_NE(leseDatei(ini).find("Vorlage=\"" + k.basis + "Vorlagen/Uebersicht.html\""),
+              std::string::npos);
 
     std::filesystem::remove(ziel);
     lauf = k.run({"uebersicht", "--einstellungen", ini, "--nicht-oeffnen"});
@@ -93,8 +105,8 @@ TEST(CliAusgabe, UebersichtMitUndAusEinstellungsdatei) {
 std::string kvt(const std::string& text) {
     uLongf n = compressBound(static_cast<uLong>(text.size()));
     std::string gepackt(n, '\0');
-    compress(reinterpret_cast<Bytef*>(gepackt.data()), &n, reinterpret_cast<const Bytef*>(text.data()),
-             static_cast<uLong>(text.size()));
+    compress(reinterpret_cast<Bytef*>(gepackt.data()), &n,
+             reinterpret_cast<const Bytef*>(text.data()), static_cast<uLong>(text.size()));
     gepackt.resize(n);
     std::string d = "KVT\0\0"s;
     for (int i = 0; i < 4; ++i) d += static_cast<char>((text.size() >> (8 * i)) & 0xFF);
@@ -113,7 +125,8 @@ TEST(CliAusgabe, WebimportListetHoltUndImportiert) {
         ASSERT_EQ(a.exportiere(box, srv / "db/", SchreibOptionen{}), ExportErgebnis::Exportiert);
     });
     schreibeDatei(srv / "links.ini", "# Import\n1;db/;\n");
-    schreibeDatei(srv / "db/ImpDB.kvt", kvt("5001;0;0;0;\"Vom Server\";\n5002;0;0;0;\"Vom Server 2\";\n"));
+    schreibeDatei(srv / "db/ImpDB.kvt",
+                  kvt("5001;0;0;0;\"Vom Server\";\n5002;0;0;0;\"Vom Server 2\";\n"));
     TestServer server(srv.pfad());
 
     Katalog k;
@@ -129,11 +142,13 @@ TEST(CliAusgabe, WebimportListetHoltUndImportiert) {
     EXPECT_EQ(k.boxen(), 2);
 
     // The second hit has no box file on the server.
-    EXPECT_TRUE(meldet(k.run({"webimport", "--url", server.url(), "--titel", "Vom", "--auswahl", "2"}), 1,
-                       "<Import-Datei> <Lesefehler>"));
+    EXPECT_TRUE(
+        meldet(k.run({"webimport", "--url", server.url(), "--titel", "Vom", "--auswahl", "2"}), 1,
+               "<Import-Datei> <Lesefehler>"));
     EXPECT_EQ(k.run({"webimport", "--url", server.url()}).code, 2);
     EXPECT_EQ(k.run({"webimport", "--ean", "1", "--titel", "x"}).code, 2);
-    EXPECT_EQ(k.run({"webimport", "--url", server.url(), "--titel", "x", "--auswahl", "1,a"}).code, 2);
+    EXPECT_EQ(k.run({"webimport", "--url", server.url(), "--titel", "x", "--auswahl", "1,a"}).code,
+              2);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ using namespace dv::test;
 namespace {
 
 class CliDvd : public ::testing::Test, protected CliProgramm {
-protected:
+  protected:
     void SetUp() override {
         if (!abbildWerkzeugeDa()) GTEST_SKIP() << "genisoimage oder udfinfo fehlt";
         abbild = baueAbbild(tmp.pfad(),
@@ -36,14 +36,19 @@ TEST_F(CliDvd, InfoZeigtDieZeilenDesDialogs) {
     const unsigned long sn = std::stoul(referenz.at("winserialnum"), nullptr, 16);
     const Lauf lauf = dvd({"info", "--abbild", abbild});
     ASSERT_EQ(lauf.code, 0) << lauf.err;
-    EXPECT_EQ(lauf.aus, "Dateisystem: UDF\n"
-                        "Bezeichnung: M\xC3\xBC" "de Helden\n"
-                        "SN: " + std::to_string(sn) + "\n"
-                        "BytesLow: 102048\n"
-                        "BytesHigh: 0\n"
-                        "Gr\xC3\xB6\xC3\x9F" "e: 99.66 KB\n"
-                        "Typ: DVD 5 oder DVD 10\n"
-                        "RC: 4\n");
+    EXPECT_EQ(lauf.aus,
+              "Dateisystem: UDF\n"
+              "Bezeichnung: M\xC3\xBC"
+              "de Helden\n"
+              "SN: " +
+                  std::to_string(sn) +
+                  "\n"
+                  "BytesLow: 102048\n"
+                  "BytesHigh: 0\n"
+                  "Gr\xC3\xB6\xC3\x9F"
+                  "e: 99.66 KB\n"
+                  "Typ: DVD 5 oder DVD 10\n"
+                  "RC: 4\n");
 }
 
 TEST_F(CliDvd, ErkennenFindetDieDvdDesKatalogs) {
@@ -59,7 +64,9 @@ TEST_F(CliDvd, ErkennenFindetDieDvdDesKatalogs) {
         u.datenOrdner = basis + "Daten/";
         dv::Katalog k(u);
         dv::Zeile9 z{};
-        std::strcpy(z.cpText, "M\xFC" "de Helden");  // catalogue text, Windows-1252
+        std::strcpy(z.cpText,
+                    "M\xFC"
+                    "de Helden");  // catalogue text, Windows-1252
         z.SN = static_cast<std::uint32_t>(sn);
         z.BytesLow = 102048;
         const long id = k.DVD.insert(z);
@@ -68,7 +75,9 @@ TEST_F(CliDvd, ErkennenFindetDieDvdDesKatalogs) {
     }
     lauf = dvd({"erkennen", "--abbild", abbild});
     EXPECT_EQ(lauf.code, 0) << lauf.err;
-    EXPECT_EQ(lauf.aus, "Dvd\t1\t3\tM\xC3\xBC" "de Helden\n");
+    EXPECT_EQ(lauf.aus,
+              "Dvd\t1\t3\tM\xC3\xBC"
+              "de Helden\n");
 
     schreibeDatei(tmp / "leer.iso", std::string(4096, '\0'));
     lauf = dvd({"erkennen", "--abbild", tmp / "leer.iso"});
@@ -79,8 +88,9 @@ TEST_F(CliDvd, ErkennenFindetDieDvdDesKatalogs) {
 TEST_F(CliDvd, OhneLaufwerkUndFalschesDateisystem) {
     Lauf lauf = dvd({"info"});
     EXPECT_EQ(lauf.code, 1);
-    EXPECT_EQ(lauf.err, "Undefiniertes Laufwerk: Es wurde noch kein Standard DVD-Laufwerk "
-                        "ausgew\xC3\xA4hlt.\n");
+    EXPECT_EQ(lauf.err,
+              "Undefiniertes Laufwerk: Es wurde noch kein Standard DVD-Laufwerk "
+              "ausgew\xC3\xA4hlt.\n");
 
     const std::string iso = baueAbbild(tmp.pfad(), {{"A.TXT", "a"}}, "CD", false, "cd.iso");
     lauf = dvd({"info", "--abbild", iso});
@@ -90,8 +100,9 @@ TEST_F(CliDvd, OhneLaufwerkUndFalschesDateisystem) {
 
     lauf = dvd({"info", "--abbild", tmp / "fehlt.iso"});
     EXPECT_EQ(lauf.code, 1);
-    EXPECT_EQ(lauf.err, "DVD-Info konnte nicht ermittelt werden: Das System kann die angegebene "
-                        "Datei nicht finden.\n");
+    EXPECT_EQ(lauf.err,
+              "DVD-Info konnte nicht ermittelt werden: Das System kann die angegebene "
+              "Datei nicht finden.\n");
 }
 
 TEST_F(CliDvd, LaufwerkWaehlen) {

@@ -77,8 +77,9 @@ TEST(CliGrundbefehle, InitLegtTabellenUndOrdnerAn) {
 
 TEST(CliGrundbefehle, BasisAusUmgebungUndVersionszeilen) {
     TempOrdner tmp;
-    const Lauf lauf = fuehreAus(std::string(DORVANO_BIN_DIR) + "/dorvano-cli", {"version"}, "",
-                                {"XDG_CONFIG_HOME=" + (tmp / "cfg"), "DORVANO_BASIS=" + (tmp / "env")});
+    const Lauf lauf =
+        fuehreAus(std::string(DORVANO_BIN_DIR) + "/dorvano-cli", {"version"}, "",
+                  {"XDG_CONFIG_HOME=" + (tmp / "cfg"), "DORVANO_BASIS=" + (tmp / "env")});
     EXPECT_EQ(lauf.code, 0) << lauf.err;
     EXPECT_EQ(lauf.aus, "Ist  : 4.0.0.1 - 20070406\nSoll : 4.0.0.1 - 20070406\n");
     EXPECT_TRUE(gibtEs(tmp / "env/Daten/DatenVersion.dat"));
@@ -98,8 +99,9 @@ TEST(CliGrundbefehle, FremdeDatenversionEndetMitCode3) {
     EXPECT_TRUE(meldet(p.run({"init"}), 3,
                        "### Falsche Datenversion ###: Die Datenversion ist inkompatibel\nIST\t: "
                        "3.9.0.0 - 20010101\nSOLL\t: 4.0.0.1 - 20070406"));
-    EXPECT_NE(leseDatei(p.basis + "Meldungen/datenversion.log").find("### Falsche Datenversion entdeckt"),
-              std::string::npos);
+    EXPECT_NE(
+        leseDatei(p.basis + "Meldungen/datenversion.log").find("### Falsche Datenversion entdeckt"),
+        std::string::npos);
 
     const Lauf version = p.run({"version"});
     EXPECT_EQ(version.code, 3);

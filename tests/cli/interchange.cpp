@@ -40,7 +40,8 @@ std::string namenIn(const std::string& pfad) {
     if (!l.lese(echtesDateisystem(), pfad)) return "keine Box-Datei";
     std::string s;
     BoxEintrag e;
-    for (std::size_t pos = 0; naechsterBoxEintrag(l.daten(), pos, e) && e.token != 0x80; pos += e.verbraucht)
+    for (std::size_t pos = 0; naechsterBoxEintrag(l.daten(), pos, e) && e.token != 0x80;
+         pos += e.verbraucht)
         if (e.token == 0x12 || e.token == 0x57) s += e.text + ";";
     return s;
 }
@@ -61,7 +62,8 @@ TEST(CliInterchange, ExportierenUndWiederImportieren) {
 
     // The file exists: replaced only after Yes.
     EXPECT_TRUE(meldet(k.run({"exportieren", "--ohne-kompression", std::to_string(k.box), ziel}), 1,
-                       "Warnung: Die Exportdatei existiert bereits.\n\xC3\x9C" "berschreiben? -> Nein"));
+                       "Warnung: Die Exportdatei existiert bereits.\n\xC3\x9C"
+                       "berschreiben? -> Nein"));
     EXPECT_EQ(leseDatei(ziel + "/4711.box"), datei);
     l = k.run({"--ja", "exportieren", "--ohne-kompression", std::to_string(k.box), ziel});
     EXPECT_EQ(l.code, 0) << l.err;
@@ -76,9 +78,10 @@ TEST(CliInterchange, ExportierenUndWiederImportieren) {
     const std::string kopie = k.tmp / "kopie.box";
     std::filesystem::copy_file(ziel + "/4711.box", kopie);
     // EAN 4711 is there already.
-    EXPECT_TRUE(meldet(zweite.run({"importieren", kopie}), 1,
-                       "Import-Fehler: Eine Box mit dieser EAN [4711]\nexistiert bereits im System.\n"
-                       "{\"T\xC3\xBCr & Tor\"}"));
+    EXPECT_TRUE(
+        meldet(zweite.run({"importieren", kopie}), 1,
+               "Import-Fehler: Eine Box mit dieser EAN [4711]\nexistiert bereits im System.\n"
+               "{\"T\xC3\xBCr & Tor\"}"));
     LeeresProgramm leer;
     l = leer.run({"importieren", kopie});
     EXPECT_EQ(l.code, 0) << l.err;
@@ -95,12 +98,16 @@ TEST(CliInterchange, ImportierenMitFragenUndKaputteDatei) {
     LeeresProgramm t;
     // Not a terminal and no --ja: the box question is answered No.
     Lauf l = t.run({"importieren", "--bestaetigen", ziel + "/4711.box"});
-    EXPECT_TRUE(meldet(l, 1, "Box importieren ?: Soll die folgende Box importiert werden:\n{\"T\xC3\xBCr & Tor\"}\n"
-                             "Anzahl DVDs: 1\nEAN: 4711"));
+    EXPECT_TRUE(meldet(
+        l, 1,
+        "Box importieren ?: Soll die folgende Box importiert werden:\n{\"T\xC3\xBCr & Tor\"}\n"
+        "Anzahl DVDs: 1\nEAN: 4711"));
     EXPECT_TRUE(meldet(l, 1, "-> Nein"));
     // Every unknown name asked: the first dialog ends the import ("Beenden").
     l = t.run({"importieren", "--fragen", ziel + "/4711.box"});
-    EXPECT_TRUE(meldet(l, 1, "Neues Objekt best\xC3\xA4tigen...: Das folgende zu importierende Objekt ist noch unbekannt:"));
+    EXPECT_TRUE(meldet(l, 1,
+                       "Neues Objekt best\xC3\xA4tigen...: Das folgende zu importierende Objekt "
+                       "ist noch unbekannt:"));
     EXPECT_TRUE(meldet(l, 1, "Der Import wurde abgebrochen."));
     EXPECT_EQ(t.run({"importieren", "--fragen", ziel + "/4711.box"}, "", true).code, 0);
 
@@ -119,10 +126,11 @@ TEST(CliInterchange, AlleExportierenUndStapelImport) {
               "Exportiere Box 2 von 2\n815.box\n{Zweite}\nNicht exportierte Boxen: 0\n");
     schreibeDatei(ziel + "/kaputt.box", "nichts");
     LeeresProgramm t;
-    l = t.run({"stapel-import", "--ohne-info", ziel + "/4711.box", ziel + "/kaputt.box", ziel + "/815.box"});
+    l = t.run({"stapel-import", "--ohne-info", ziel + "/4711.box", ziel + "/kaputt.box",
+               ziel + "/815.box"});
     EXPECT_EQ(l.code, 1);
-    EXPECT_EQ(l.aus, ziel + "/4711.box\timportiert\n" + ziel + "/kaputt.box\tnicht importiert\n" + ziel +
-                         "/815.box\timportiert\n");
+    EXPECT_EQ(l.aus, ziel + "/4711.box\timportiert\n" + ziel + "/kaputt.box\tnicht importiert\n" +
+                         ziel + "/815.box\timportiert\n");
     EXPECT_TRUE(std::filesystem::is_empty(ziel));  // consumed
 }
 
@@ -130,14 +138,16 @@ TEST(CliInterchange, XmlAufStandardausgabeUndInDatei) {
     CliKatalog k;
     Lauf l = k.run({"xml", "box", std::to_string(k.box), "--unterobjekte"});
     ASSERT_EQ(l.code, 0) << l.err;
-    EXPECT_EQ(l.aus.rfind("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<ZELKA_4>\r\n", 0), 0u);
+    EXPECT_EQ(l.aus.rfind("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<ZELKA_4>\r\n", 0),
+              0u);
     // 8-bit as stored: the umlaut is one byte.
     EXPECT_NE(l.aus.find("Titel=\"T\xFCr &amp; Tor\">\r\n"), std::string::npos) << l.aus;
     EXPECT_NE(l.aus.find("<Genre>Krimi</Genre>\r\n"), std::string::npos);
     l = k.run({"xml", "film", "1", "-o", k.tmp / "f.xml"});
     EXPECT_EQ(l.code, 0);
     EXPECT_TRUE(l.aus.empty());
-    EXPECT_NE(leseDatei(k.tmp / "f.xml").find("<Film Titel=\"Der Film\" FSK=\"12\" Jahr=\"2001\" Dauer=\"90\">"),
+    EXPECT_NE(leseDatei(k.tmp / "f.xml")
+                  .find("<Film Titel=\"Der Film\" FSK=\"12\" Jahr=\"2001\" Dauer=\"90\">"),
               std::string::npos);
     l = k.run({"xml", "box", std::to_string(k.box), "--cover"});
     EXPECT_NE(l.aus.find("Cover=\"data:image/jpeg;base64,SlBFR0RBVEVO\""), std::string::npos);
@@ -163,14 +173,16 @@ TEST(CliInterchange, FilterBefehleUndIhreWirkung) {
     ASSERT_EQ(k.run({"filter", "aktiv", "box", "1"}).code, 0);
     ASSERT_EQ(k.run({"exportieren", std::to_string(k.box), ziel}).code, 0);
     EXPECT_EQ(namenIn(ziel + "/4711.box"), "Keep case;Crime;");
-    EXPECT_EQ(k.run({"xml", "box", std::to_string(k.box)}).aus.find("Keep case"), std::string::npos);
+    EXPECT_EQ(k.run({"xml", "box", std::to_string(k.box)}).aus.find("Keep case"),
+              std::string::npos);
     ASSERT_EQ(k.run({"filter", "aktiv", "xml", "1"}).code, 0);
     EXPECT_NE(k.run({"xml", "box", std::to_string(k.box)}).aus.find("Verpackungstyp=\"Keep case\""),
               std::string::npos);
     EXPECT_EQ(k.run({"filter", "aktiv", "xml", "5"}).code, 2);
 
-    EXPECT_TRUE(meldet(k.run({"filter", "loeschen", "1"}), 1,
-                       "L\xC3\xB6schen: Filter \"Englisch (UK)\" wirklich l\xC3\xB6schen? -> Nein"));
+    EXPECT_TRUE(
+        meldet(k.run({"filter", "loeschen", "1"}), 1,
+               "L\xC3\xB6schen: Filter \"Englisch (UK)\" wirklich l\xC3\xB6schen? -> Nein"));
     EXPECT_EQ(k.run({"--ja", "filter", "loeschen", "1"}).code, 0);
     EXPECT_EQ(k.run({"filter", "liste"}).aus, "");
     // The deleted filter no longer translates.

@@ -29,8 +29,13 @@ class CliRetrieval : public ::testing::Test, protected CliProgramm {
         dvd = db->neueDvd(box, d);
         abend = film("Abend", 2001, "Drama");
         krabbe = film("Krabbe", 1999, "Drama");
-        labyrinth = film("Labyrinth", 2005, "Kom\xf6" "die");
-        grab = film("\xdc" "ber das Grab", 2010, "Dramaserie");
+        labyrinth = film("Labyrinth", 2005,
+                         "Kom\xf6"
+                         "die");
+        grab = film(
+            "\xdc"
+            "ber das Grab",
+            2010, "Dramaserie");
     }
     long film(const char* titel, int jahr, const char* genre) {
         const long f = db->neuerFilm(dvd, titel, 12, 90, jahr);
@@ -54,8 +59,12 @@ TEST_F(CliRetrieval, SuchenGibtTrefferUndStatus) {
     Lauf l = lauf({"suchen", "Film", "Titel", "=", "*ab*", "UND", "Genre", "=", "Drama*", "UND",
                    "Jahr", ">=", "2000"});
     EXPECT_EQ(l.code, 0) << l.err;
-    EXPECT_EQ(l.aus, "Film\t" + id(abend) + "\tAbend\tTitel: <Abend> Genre: <Drama> Jahr: <2001> \n" +
-                         "Film\t" + id(grab) + "\t\xc3\x9c" "ber das Grab\tTitel: <\xc3\x9c" "ber das Grab> "
+    EXPECT_EQ(l.aus, "Film\t" + id(abend) +
+                         "\tAbend\tTitel: <Abend> Genre: <Drama> Jahr: <2001> \n" + "Film\t" +
+                         id(grab) +
+                         "\t\xc3\x9c"
+                         "ber das Grab\tTitel: <\xc3\x9c"
+                         "ber das Grab> "
                          "Genre: <Dramaserie> Jahr: <2010> \nFilme: 2 Treffer\n");
 
     l = lauf({"suchen", "--json", "Box", "EAN", "!=", "1"});
@@ -134,7 +143,8 @@ TEST_F(CliRetrieval, TagsSetzenZeigenSuchenEntfernen) {
     l = lauf({"tags", "suchen", "--objekt", "film", "dvd"});
     EXPECT_EQ(l.aus, "Film\t" + id(abend) + "\tAbend\tSammler-DVD\nGefundene Tags: 1\n");
 
-    EXPECT_TRUE(meldet(lauf({"tags", "entfernen-alle", id(box)}), 1, "ihrer Filme entfernt werden? -> Nein"));
+    EXPECT_TRUE(meldet(lauf({"tags", "entfernen-alle", id(box)}), 1,
+                       "ihrer Filme entfernt werden? -> Nein"));
     EXPECT_EQ(lauf({"--ja", "tags", "entfernen-alle", id(box)}).code, 0);
     EXPECT_EQ(lauf({"tags", "suchen", "dvd"}).aus, "Gefundene Tags: 0\n");
 
@@ -216,19 +226,24 @@ TEST_F(CliRetrieval, VormerkDateienExportUndImport) {
     ASSERT_EQ(lauf({"vormerk", "hinzu", a, "dvd", id(dvd)}).code, 0);
     const std::string datei = tmp / "Vormerklisten.vml";
     ASSERT_EQ(lauf({"vormerk", "export", datei, a}).code, 0);
-    EXPECT_EQ(leseDatei(datei), "@V1.1\r\n# N=<Bezeichner>\r\n# <Typ>\t<Box-EAN>\t<Titel>\r\n"
-                                "N=Liste\r\n3\t4001\t\xdc" "ber das Grab\r\n2\t4001\tDVD\r\n");
+    EXPECT_EQ(leseDatei(datei),
+              "@V1.1\r\n# N=<Bezeichner>\r\n# <Typ>\t<Box-EAN>\t<Titel>\r\n"
+              "N=Liste\r\n3\t4001\t\xdc"
+              "ber das Grab\r\n2\t4001\tDVD\r\n");
     ASSERT_EQ(lauf({"vormerk", "import", datei}).code, 0);
     EXPECT_EQ(lauf({"vormerk", "zeigen", "2"}).aus,
-              "Liste\tFilm\t" + id(grab) + "\t\xc3\x9c" "ber das Grab\nListe\tDvd\t" + id(dvd) +
-                  "\tDVD\nInhalt der Vormerkliste(n) [2 Elemente]\n");
+              "Liste\tFilm\t" + id(grab) +
+                  "\t\xc3\x9c"
+                  "ber das Grab\nListe\tDvd\t" +
+                  id(dvd) + "\tDVD\nInhalt der Vormerkliste(n) [2 Elemente]\n");
 
     schreibeDatei(datei, "N=Fremd\n3\t9999\tGibt es nicht\n3\t4001\tAbend\n");
     EXPECT_TRUE(meldet(lauf({"vormerk", "import", datei}), 1,
                        "Es konnten nicht alle Elemente importiert werden!"));
-    EXPECT_NE(leseDatei(basis + "Meldungen/vormerklisten_import_error.log")
-                  .find("Nicht importiert: Liste <Fremd>, Typ<Film>, EAN<9999>, Titel<Gibt es nicht>."),
-              std::string::npos);
+    EXPECT_NE(
+        leseDatei(basis + "Meldungen/vormerklisten_import_error.log")
+            .find("Nicht importiert: Liste <Fremd>, Typ<Film>, EAN<9999>, Titel<Gibt es nicht>."),
+        std::string::npos);
     EXPECT_EQ(lauf({"vormerk", "zeigen", "3"}).aus,
               "Fremd\tFilm\t" + id(abend) + "\tAbend\nInhalt der Vormerkliste(n) [1 Element]\n");
 }

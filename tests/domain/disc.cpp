@@ -20,7 +20,7 @@ using test::BaumDatei;
 // Drives as the test sets them; volume operations go to the real reader, so a
 // drive whose device is an image file reads exactly like the image itself.
 class TestLaufwerke : public Laufwerke {
-public:
+  public:
     std::vector<OptischesLaufwerk> laufwerke;
     int zugriffe = 0;  // volume and file operations
     std::vector<std::pair<std::string, bool>> schubladen;
@@ -48,7 +48,7 @@ public:
 
 // The scripted user, also remembering what a selection offered.
 class WahlBenutzer : public test::FakeBenutzer {
-public:
+  public:
     std::vector<std::string> angeboten;
     int vorauswahl = -2;
     std::vector<int> waehle(const std::string& titel, const std::string& spalte,
@@ -103,7 +103,7 @@ TEST(DiscLesen, OhneLaufwerkOderMitUnbekanntemBuchstaben) {
 }
 
 class DiscAbbild : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         if (!test::abbildWerkzeugeDa()) GTEST_SKIP() << "genisoimage oder udfinfo fehlt";
     }
@@ -118,7 +118,8 @@ protected:
 };
 
 TEST_F(DiscAbbild, LaufwerkUndAbbildGebenDasSelbe) {
-    const std::string abbild = baue(baum(test::ifoDatei(0xFD)), reinterpret_cast<const char*>(u8"Größe €Ω"));
+    const std::string abbild =
+        baue(baum(test::ifoDatei(0xFD)), reinterpret_cast<const char*>(u8"Größe €Ω"));
     const auto referenz = test::udfinfo(abbild);
     lw.laufwerke = {{'D', "/dev/sr0", ""}, {'E', abbild, ""}};
     DiscInfo ausAbbild, ausLaufwerk;
@@ -129,7 +130,9 @@ TEST_F(DiscAbbild, LaufwerkUndAbbildGebenDasSelbe) {
     std::snprintf(sn, sizeof sn, "0x%08x", ausAbbild.SN);
     EXPECT_EQ(sn, referenz.at("winserialnum"));
     EXPECT_EQ(ausAbbild.dateisystem, "UDF");
-    EXPECT_EQ(ausAbbild.volumenName, "Gr\xF6\xDF" "e \x80?");  // Windows-1252, Omega has none
+    EXPECT_EQ(ausAbbild.volumenName,
+              "Gr\xF6\xDF"
+              "e \x80?");  // Windows-1252, Omega has none
     EXPECT_EQ(ausAbbild.BytesLow, 2048u + 70000u);
     EXPECT_EQ(ausAbbild.BytesHigh, 0u);
     EXPECT_STREQ(ausAbbild.cRoot, "");
@@ -169,7 +172,8 @@ TEST_F(DiscAbbild, RegionsfeldAusDemKopf) {
         EXPECT_EQ(anzeige.typ, "DVD 5 oder DVD 10");
     }
     // Without the folder the field stays too.
-    const std::string ohne = baue({{"ANDERES/VIDEO_TS.IFO", test::ifoDatei(0xFD)}}, "X", true, "o.iso");
+    const std::string ohne =
+        baue({{"ANDERES/VIDEO_TS.IFO", test::ifoDatei(0xFD)}}, "X", true, "o.iso");
     DiscAnzeige anzeige;
     anzeige.rc = 5;
     fuelleDiscAnzeige(lw, DiscQuelle{0, ohne}, DiscInfo{}, anzeige);
@@ -243,7 +247,7 @@ TEST_F(DiscAbbild, KatalogDvdFinden) {
 }
 
 class DiscWahl : public ::testing::Test {
-protected:
+  protected:
     test::TempOrdner tmp;
     Einstellungen einstellungen{tmp / "einstellungen.conf"};
     TestLaufwerke lw;

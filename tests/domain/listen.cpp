@@ -177,10 +177,12 @@ TEST_F(ListenTest, TypNamenUndListenDerTypen) {
         EXPECT_FALSE(getTypName(typ, false, name)) << typ;
     }
     EXPECT_EQ(name, "unberuehrt");
-    const std::tuple<int, bool, const char*> namen[] = {
-        {kTypVerpackung, false, "Verpackungen"}, {kTypVerpackung, true, "Verpackung"},
-        {kTypGenre, false, "Genre"},             {kTypFunktion, false, "Funktionen"},
-        {kTypAlias, true, "Alias"},              {kTypPerson, false, "Personen"}};
+    const std::tuple<int, bool, const char*> namen[] = {{kTypVerpackung, false, "Verpackungen"},
+                                                        {kTypVerpackung, true, "Verpackung"},
+                                                        {kTypGenre, false, "Genre"},
+                                                        {kTypFunktion, false, "Funktionen"},
+                                                        {kTypAlias, true, "Alias"},
+                                                        {kTypPerson, false, "Personen"}};
     for (const auto& [typ, einzahl, erwartet] : namen) {
         ASSERT_TRUE(getTypName(typ, einzahl, name)) << typ;
         EXPECT_EQ(name, erwartet);

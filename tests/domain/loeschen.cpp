@@ -54,10 +54,10 @@ TEST_F(LoeschenTest, FilmMitAllemLaesstNurLookupsUndPersonZurueck) {
     ASSERT_TRUE(u.db->loescheFilm(film));
     EXPECT_FALSE(u.k().Film.eine(film));
     Katalog& k = u.k();
-    EXPECT_EQ(u.ohneZeilenzahl(0, {&k.Alias, &k.Film_Alias, &k.Film_Person, &k.Film_Fkt,
-                                   &k.Film_Genre, &k.Film_Bildformat, &k.Film_Untertitel,
-                                   &k.Film_Sprachen}),
-              std::vector<std::string>{});
+    EXPECT_EQ(
+        u.ohneZeilenzahl(0, {&k.Alias, &k.Film_Alias, &k.Film_Person, &k.Film_Fkt, &k.Film_Genre,
+                             &k.Film_Bildformat, &k.Film_Untertitel, &k.Film_Sprachen}),
+        std::vector<std::string>{});
     // The other film's title, its DVD_Film row and the watch-list row of the other kind.
     EXPECT_EQ(u.ohneZeilenzahl(1, {&k.Titel, &k.DVD_Film, &k.Vormerk2}),
               std::vector<std::string>{});

@@ -6,8 +6,8 @@
 #include "domain/Validierung.h"
 #include "tests/domain/DomainUmgebung.h"
 #include "tests/support/FakeBenutzer.h"
-#include "tests/support/FesteUhr.h"
 #include "tests/support/FehlerDateisystem.h"
+#include "tests/support/FesteUhr.h"
 
 namespace dv {
 namespace {
@@ -23,8 +23,8 @@ TEST(NormierePositionen, BehaeltDieFestgelegtenReihenfolgen) {
     bool geaendert = false;
     EXPECT_EQ(ranke({7, 3, 5}, &geaendert), (V{3, 1, 2}));
     EXPECT_TRUE(geaendert);
-    EXPECT_EQ(ranke({2, 2}), (V{2, 1}));        // equal: the later row first
-    EXPECT_EQ(ranke({5, 0}), (V{2, 0}));        // 0 never picked; leftover pass hits entry 0
+    EXPECT_EQ(ranke({2, 2}), (V{2, 1}));  // equal: the later row first
+    EXPECT_EQ(ranke({5, 0}), (V{2, 0}));  // 0 never picked; leftover pass hits entry 0
     EXPECT_EQ(ranke({0, 5}), (V{2, 1}));
     EXPECT_EQ(ranke({0, 0, 0}), (V{3, 0, 0}));  // every pass marks entry 0, the last one stays
     EXPECT_EQ(ranke({4}), (V{1}));
@@ -36,7 +36,7 @@ TEST(NormierePositionen, BehaeltDieFestgelegtenReihenfolgen) {
 }
 
 class ValidierungTest : public ::testing::Test {
-protected:
+  protected:
     bool validiere(ValidierungsErgebnis* erg = nullptr) {
         benutzer.antworten.push_back(true);
         return validiereDatenbank(*u.db, benutzer, u.ordner.meldungen, u.ordner.backups, erg);
@@ -164,13 +164,25 @@ TEST_F(ValidierungTest, LogUndFortschrittInDerFestenFolge) {
         "Datenbank-Validierung gestartet =>\n"
         "Start-Datum: 03.04.2024\n"
         "Start-Zeit : 05:06:07\n"
-        "Sicherung der Daten: " + u.ordner.backups + "Daten_20240403_050607/\n"
+        "Sicherung der Daten: " +
+        u.ordner.backups +
+        "Daten_20240403_050607/\n"
         "Normierung aller DVD- und Film-Positionen der Boxen [2] prüfen...\n"
-        "Box " + std::to_string(box1) + " [Erste]\n"
-        "### Alle DVD-Positionen der Box " + std::to_string(box1) + " prüfen...\n"
-        "### Alle Film-Positionen der DVD " + std::to_string(dvd) + " prüfen...\n"
-        "Box " + std::to_string(box1 + 1) + " [Zweite]\n"
-        "### Alle DVD-Positionen der Box " + std::to_string(box1 + 1) + " prüfen...\n"
+        "Box " +
+        std::to_string(box1) +
+        " [Erste]\n"
+        "### Alle DVD-Positionen der Box " +
+        std::to_string(box1) +
+        " prüfen...\n"
+        "### Alle Film-Positionen der DVD " +
+        std::to_string(dvd) +
+        " prüfen...\n"
+        "Box " +
+        std::to_string(box1 + 1) +
+        " [Zweite]\n"
+        "### Alle DVD-Positionen der Box " +
+        std::to_string(box1 + 1) +
+        " prüfen...\n"
         "Normierung aller DVD- und Film-Positionen der Boxen abgeschlossen.\n"
         "Suche nach unzugeordneten FilmAlias-Einträgen [0]...\n"
         "Suche nach unzugeordneten FilmAlias-Einträgen abgeschlossen.\n"
@@ -201,8 +213,7 @@ TEST_F(ValidierungTest, FortschrittDerAliasPhasenZaehltJedeZeile) {
     u.k().Film_Alias.insert(fp, u.k().Alias.insert("B"), 2);
     ASSERT_TRUE(validiere());
     const std::vector<std::string> erwartet{
-        "Datenbank validieren.",
-        "(2/3) Suche unzugeordneten Eintrag von FilmAlias 1 / 2",
+        "Datenbank validieren.", "(2/3) Suche unzugeordneten Eintrag von FilmAlias 1 / 2",
         "(2/3) Suche unzugeordneten Eintrag von FilmAlias 2 / 2",
         "(3/3) Suche unzugeordneten Eintrag von Alias 1 / 2",
         "(3/3) Suche unzugeordneten Eintrag von Alias 2 / 2"};

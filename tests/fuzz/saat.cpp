@@ -17,7 +17,8 @@ using namespace dv;
 namespace {
 
 long legeBoxAn(Datenbank& db, const Ordner& o) {
-    const long box = db.neueBox("4006680012345", "Saat & <Box>", db.neuesLookup(kTypVerpackung, "Amaray"));
+    const long box =
+        db.neueBox("4006680012345", "Saat & <Box>", db.neuesLookup(kTypVerpackung, "Amaray"));
     db.schreibeExtras(kTypBoxExtras, box, {db.neuesLookup(kTypExtras, "Booklet")});
     schreibeTags(db.fs(), o.tags, kObjektBox, box, {"Tag eins", "Tag zwei"});
     Zeile9 d{};
@@ -68,7 +69,8 @@ int main(int argc, char** argv) {
     const long leer = db.neueBox("1", "Leer", 0);
     int n = 0;
     for (int mitCover = 0; mitCover < 2; ++mitCover) {
-        if (mitCover) schreibeAlles(db.fs(), o.cover + std::to_string(box) + ".gif", "GIF89a-Bilddaten");
+        if (mitCover)
+            schreibeAlles(db.fs(), o.cover + std::to_string(box) + ".gif", "GIF89a-Bilddaten");
         for (int packen = 0; packen < 4; ++packen) {
             for (long id : {box, leer}) {
                 BoxListe b = db.getBox(id);

@@ -88,8 +88,10 @@ ImportErgebnis Austauschumgebung::importiere(const std::string& name, const std:
 
 long legeBeispielBoxAn(Datenbank& db, const Ordner& o, const std::string& ean) {
     auto& k = db.katalog();
-    const long box = db.neueBox(ean, "Der Herr der Ringe & <Gefährten>", lookup(db, kTypVerpackung, "Amaray"));
-    db.schreibeExtras(kTypBoxExtras, box, {lookup(db, kTypExtras, "Booklet"), lookup(db, kTypExtras, "Poster")});
+    const long box =
+        db.neueBox(ean, "Der Herr der Ringe & <Gefährten>", lookup(db, kTypVerpackung, "Amaray"));
+    db.schreibeExtras(kTypBoxExtras, box,
+                      {lookup(db, kTypExtras, "Booklet"), lookup(db, kTypExtras, "Poster")});
     schreibeTags(db.fs(), o.tags, kObjektBox, box, {"Lieblingsbox", "verliehen an Jörg"});
 
     Zeile9 d{};
@@ -106,20 +108,27 @@ long legeBeispielBoxAn(Datenbank& db, const Ordner& o, const std::string& ean) {
     schreibeTags(db.fs(), o.tags, kObjektDvd, dvd1, {"Disc-Tag"});
 
     const long film = db.neuerFilm(dvd1, "Die Gefährten", 12, 178, 2001);
-    db.schreibeFilmTitel(film, FilmTitel{"Die Gefährten", "The Fellowship of the Ring",
-                                         {"LOTR 1", "Herr der Ringe 1"}});
-    db.schreibeFilmObjekte(film, kTypBildformat, {lookup(db, kTypBildformat, "16:9"), lookup(db, kTypBildformat, "2.35:1")});
-    db.schreibeFilmObjekte(film, kTypGenre, {lookup(db, kTypGenre, "Fantasy"), lookup(db, kTypGenre, "Abenteuer")});
-    db.schreibeFilmObjekte(film, kTypUntertitel, {lookup(db, kTypUntertitel, "Deutsch"), lookup(db, kTypUntertitel, "Türkisch")});
-    const long deutsch = lookup(db, kTypSprache, "Deutsch"), englisch = lookup(db, kTypSprache, "Englisch");
+    db.schreibeFilmTitel(
+        film,
+        FilmTitel{"Die Gefährten", "The Fellowship of the Ring", {"LOTR 1", "Herr der Ringe 1"}});
+    db.schreibeFilmObjekte(
+        film, kTypBildformat,
+        {lookup(db, kTypBildformat, "16:9"), lookup(db, kTypBildformat, "2.35:1")});
+    db.schreibeFilmObjekte(film, kTypGenre,
+                           {lookup(db, kTypGenre, "Fantasy"), lookup(db, kTypGenre, "Abenteuer")});
+    db.schreibeFilmObjekte(
+        film, kTypUntertitel,
+        {lookup(db, kTypUntertitel, "Deutsch"), lookup(db, kTypUntertitel, "Türkisch")});
+    const long deutsch = lookup(db, kTypSprache, "Deutsch"),
+               englisch = lookup(db, kTypSprache, "Englisch");
     const long dd = lookup(db, kTypTonformat, "DD 5.1"), dts = lookup(db, kTypTonformat, "DTS");
     db.schreibeFilmSprachen(film, {{deutsch, dd}, {englisch, dts}, {deutsch, dts}});
     db.schreibeFilmObjekte(film, kTypFunktion, {1, 2});
     const long wood = k.Person.insert(0, "Wood", "Elijah");
     const long jackson = k.Person.insert(1, "Jackson", "Peter");
-    db.schreibeFilmPersonen(film, {PersonEintrag{wood, 1, {"Frodo", "Herr Beutlin"}},
-                                   PersonEintrag{jackson, 2, {"Betrunkener"}},
-                                   PersonEintrag{jackson, 1, {}}});
+    db.schreibeFilmPersonen(
+        film, {PersonEintrag{wood, 1, {"Frodo", "Herr Beutlin"}},
+               PersonEintrag{jackson, 2, {"Betrunkener"}}, PersonEintrag{jackson, 1, {}}});
     db.schreibeInhalt(film, std::string(700, 'x') + "\r\nEnde & <Schluss>");
     db.schreibeKommentar(film, "Extended Edition \"lang\"");
     schreibeTags(db.fs(), o.tags, kObjektFilm, film, {"gesehen", "Film-Tag"});
@@ -146,14 +155,16 @@ std::string beschreibeBox(Datenbank& db, const Ordner& o, long boxId, bool mitTa
     const std::string cover = findeCover(db.fs(), o.cover, boxId);
     std::string bytes;
     if (!cover.empty()) leseAlles(db.fs(), cover, bytes);
-    out << "Cover|" << dateiEndung(cover) << "|" << bytes.size() << "|" << std::hash<std::string>()(bytes) << "\n";
+    out << "Cover|" << dateiEndung(cover) << "|" << bytes.size() << "|"
+        << std::hash<std::string>()(bytes) << "\n";
     for (const DvdElement* d = b->pDvds; d; d = d->pNext) {
-        out << "Dvd|" << d->cpText << "|" << d->Jahr << "|" << int(d->RC) << "|" << int(d->Opt) << "|"
-            << d->SN << "|" << d->BytesLow << "|" << d->BytesHigh << "|"
+        out << "Dvd|" << d->cpText << "|" << d->Jahr << "|" << int(d->RC) << "|" << int(d->Opt)
+            << "|" << d->SN << "|" << d->BytesLow << "|" << d->BytesHigh << "|"
             << lookupName(db, kTypFormat, d->Formate_Id) << "\n";
         out << " Extras|" << namen(d->pExtras) << "\n";
         if (mitTags) out << " Tags|" << tagsVon(db, o, kObjektDvd, d->Id) << "\n";
-        for (const FilmElement* f = d->pFilme; f; f = f->pNext) beschreibeFilm(db, o, *f, mitTags, out);
+        for (const FilmElement* f = d->pFilme; f; f = f->pNext)
+            beschreibeFilm(db, o, *f, mitTags, out);
     }
     return out.str();
 }
@@ -207,8 +218,8 @@ std::string gepackt(const std::string& roh) {
 
 }  // namespace
 
-std::string boxDatei(const std::string& daten, const std::string& bild, int bildTyp, bool bildPacken,
-                     bool datenPacken) {
+std::string boxDatei(const std::string& daten, const std::string& bild, int bildTyp,
+                     bool bildPacken, bool datenPacken) {
     const std::string b = bildPacken && !bild.empty() ? gepackt(bild) : bild;
     const std::string d = datenPacken ? gepackt(daten) : daten;
     std::string kopf = "ZELKA4.0" + alsU32(0x00040000) + alsU32(0x00000001) + std::string(24, '\0');

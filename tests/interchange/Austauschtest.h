@@ -54,9 +54,10 @@ struct Austauschumgebung : Katalogumgebung {
 
 // Creates the sample box: packaging, two extras, tags, and two DVDs; the first
 // with a rich film (three titles, every list, a person with two functions and
-// two aliases, a second person with two functions and an alias on its first link, long content, comment, tags) and a second film,
-// the second DVD with one plain film. Returns the box id.
-long legeBeispielBoxAn(Datenbank& db, const Ordner& ordner, const std::string& ean = "4010232012345");
+// two aliases, a second person with two functions and an alias on its first link, long content,
+// comment, tags) and a second film, the second DVD with one plain film. Returns the box id.
+long legeBeispielBoxAn(Datenbank& db, const Ordner& ordner,
+                       const std::string& ean = "4010232012345");
 
 // A dump of the box with everything the box file carries, by name, without
 // record ids: two catalogues hold the same box exactly when the dumps are equal.

@@ -63,10 +63,14 @@ TEST(BoxDatei, KleinsteBoxByteFuerByte) {
     const Betriebssystem os = betriebssystem();
     // Magic, version 4.0 and .0.1, the system, 8 spare bytes, date and time, flags 0,
     // picture and data offsets, then the data block.
-    const std::string kopf = "ZELKA4.0" + alsU32(0x00040000) + alsU32(0x00000001) + alsU32(os.plattform) +
-                             alsU32(os.haupt) + alsU32(os.neben) + alsU32(os.build) + std::string(8, '\0') +
-                             "20230405060708" + std::string(2, '\0') + alsU32(64) + alsU32(64);
-    const std::string daten("\x81\x02\x00\x00\x10\x01T\x11\x03" "123\x12\x00\x80\x01\x00", 17);
+    const std::string kopf = "ZELKA4.0" + alsU32(0x00040000) + alsU32(0x00000001) +
+                             alsU32(os.plattform) + alsU32(os.haupt) + alsU32(os.neben) +
+                             alsU32(os.build) + std::string(8, '\0') + "20230405060708" +
+                             std::string(2, '\0') + alsU32(64) + alsU32(64);
+    const std::string daten(
+        "\x81\x02\x00\x00\x10\x01T\x11\x03"
+        "123\x12\x00\x80\x01\x00",
+        17);
     EXPECT_EQ(baue(k, box, SchreibOptionen{false, false, false}), kopf + daten);
 }
 
@@ -79,14 +83,12 @@ TEST(BoxDatei, ReihenfolgeUndPositionenDerListen) {
     std::vector<int> tokens;
     for (const auto& [t, text] : e) tokens.push_back(t);
     const std::vector<int> erwartet = {
-        0x81, 0x10, 0x11, 0x12, 0x13, 0x13, 0x14,
-        0x83, 0x30, 0x31, 0x32, 0x33, 0x34, 0x35, 0x38, 0x36, 0x37, 0x39,
-        0x85, 0x50, 0x51, 0x52, 0x52, 0x53, 0x54, 0x55, 0x56, 0x56, 0x57, 0x57, 0x58, 0x58,
-        0x59, 0x59, 0x5a, 0x5a, 0x5b, 0x5b, 0x5b, 0x5c, 0x5c, 0x5d, 0x5d, 0x5e, 0x5e, 0x5e,
-        0x5f, 0x5f, 0x5f, 0x60, 0x61, 0x62,
-        0x85, 0x50, 0x51, 0x52, 0x53, 0x54, 0x55, 0x60, 0x61, 0x62,
-        0x83, 0x30, 0x31, 0x32, 0x33, 0x34, 0x35, 0x38, 0x36, 0x39,
-        0x85, 0x50, 0x51, 0x52, 0x53, 0x54, 0x55, 0x60, 0x61, 0x62, 0x80};
+        0x81, 0x10, 0x11, 0x12, 0x13, 0x13, 0x14, 0x83, 0x30, 0x31, 0x32, 0x33, 0x34, 0x35,
+        0x38, 0x36, 0x37, 0x39, 0x85, 0x50, 0x51, 0x52, 0x52, 0x53, 0x54, 0x55, 0x56, 0x56,
+        0x57, 0x57, 0x58, 0x58, 0x59, 0x59, 0x5a, 0x5a, 0x5b, 0x5b, 0x5b, 0x5c, 0x5c, 0x5d,
+        0x5d, 0x5e, 0x5e, 0x5e, 0x5f, 0x5f, 0x5f, 0x60, 0x61, 0x62, 0x85, 0x50, 0x51, 0x52,
+        0x53, 0x54, 0x55, 0x60, 0x61, 0x62, 0x83, 0x30, 0x31, 0x32, 0x33, 0x34, 0x35, 0x38,
+        0x36, 0x39, 0x85, 0x50, 0x51, 0x52, 0x53, 0x54, 0x55, 0x60, 0x61, 0x62, 0x80};
     EXPECT_EQ(tokens, erwartet);
     auto texte = [&](int token) { return texteVon(e, token); };
     EXPECT_EQ(texte(0x81), std::vector<std::string>{"2"});
@@ -100,7 +102,8 @@ TEST(BoxDatei, ReihenfolgeUndPositionenDerListen) {
     EXPECT_EQ(texte(0x5c), (std::vector<std::string>{"Darsteller", "Regie"}));
     EXPECT_EQ(texte(0x5d), (std::vector<std::string>{"Wood\tElijah\t0", "Jackson\tPeter\t1"}));
     EXPECT_EQ(texte(0x5e), (std::vector<std::string>{"1#1", "2#2", "2#1"}));
-    EXPECT_EQ(texte(0x5f), (std::vector<std::string>{"1\tFrodo", "1\tHerr Beutlin", "2\tBetrunkener"}));
+    EXPECT_EQ(texte(0x5f),
+              (std::vector<std::string>{"1\tFrodo", "1\tHerr Beutlin", "2\tBetrunkener"}));
     EXPECT_EQ(texte(0x60)[0].size(), 700u + 18u);  // longer than a short entry can hold
 }
 
@@ -215,7 +218,8 @@ TEST(BoxDateiBeschaedigt, JedeKuerzungWirdAbgelehnt) {
         BoxLeser leser;
         ASSERT_TRUE(leser.leseBytes(datei));
         for (std::size_t n = 0; n < datei.size(); ++n) {
-            EXPECT_FALSE(leser.leseBytes(datei.substr(0, n))) << "Länge " << n << " gepackt " << packen;
+            EXPECT_FALSE(leser.leseBytes(datei.substr(0, n)))
+                << "Länge " << n << " gepackt " << packen;
             EXPECT_FALSE(leser.gueltig());
             EXPECT_TRUE(leser.daten().empty());
         }
@@ -225,9 +229,15 @@ TEST(BoxDateiBeschaedigt, JedeKuerzungWirdAbgelehnt) {
 TEST(BoxDateiBeschaedigt, LaengenUeberDasEndeHinaus) {
     BoxLeser leser;
     // A text entry claiming more bytes than follow.
-    EXPECT_FALSE(leser.leseBytes(boxDatei(std::string("\x10\xff" "abc\x80\x01\x00", 8))));
+    EXPECT_FALSE(
+        leser.leseBytes(boxDatei(std::string("\x10\xff"
+                                             "abc\x80\x01\x00",
+                                             8))));
     // A long entry whose u16 runs past the end.
-    EXPECT_FALSE(leser.leseBytes(boxDatei(std::string("\x60\xff\xff" "abc", 6))));
+    EXPECT_FALSE(
+        leser.leseBytes(boxDatei(std::string("\x60\xff\xff"
+                                             "abc",
+                                             6))));
     // A number of an impossible width.
     EXPECT_FALSE(leser.leseBytes(boxDatei(std::string("\x81\x03\x01\x02\x03\x80\x01\x00", 8))));
     // Data offset beyond the file, and below the picture offset.
@@ -266,7 +276,9 @@ TEST(BoxDateiBeschaedigt, ZufallsbytesUndZerstoerteStroeme) {
     for (int i = 0; i < 2000; ++i) {
         std::string d(zufall() % 300, '\0');
         for (char& c : d) c = static_cast<char>(zufall());
-        if (i % 2) d.replace(0, std::min<std::size_t>(8, d.size()), "ZELKA4.0", 0, std::min<std::size_t>(8, d.size()));
+        if (i % 2)
+            d.replace(0, std::min<std::size_t>(8, d.size()), "ZELKA4.0", 0,
+                      std::min<std::size_t>(8, d.size()));
         EXPECT_FALSE(leser.leseBytes(d)) << i;
     }
     // Single bytes flipped in a packed data stream: refused or read, never a crash.

@@ -55,7 +55,8 @@ TEST(BoxImport, RundreiseMitCoverUndAllenPackarten) {
         const std::string stamm = a.ordner.cover + std::to_string(a.box) + ".";
         for (const char* e : {"bmp", "jpg", "gif"}) std::remove((stamm + e).c_str());
         if (!endung.empty()) schreibeDatei(stamm + endung, std::string(3000, 'c') + endung);
-        const std::string pfad = a.exportiere(SchreibOptionen{tags, fall % 2 == 0, fall < 4 || !tags});
+        const std::string pfad =
+            a.exportiere(SchreibOptionen{tags, fall % 2 == 0, fall < 4 || !tags});
 
         Austauschumgebung b;
         ASSERT_EQ(b.imp.importiere(pfad), ImportErgebnis::Importiert);
@@ -71,12 +72,17 @@ TEST(BoxImport, EigeneKodierungMitJederEintragsart) {
     Kodierer c;
     c.zahl(0x81, 1, 2).text(0x10, "Kodiert").text(0x11, "5555").text(0x12, "Steelbook");
     c.text(0x13, "Schuber").lang(0x14, "a\r\nb");
-    c.text(0x50, "ohne DVD ignoriert").zahl(0x85, 0, 1);  // film entries before any DVD count nothing
+    c.text(0x50, "ohne DVD ignoriert")
+        .zahl(0x85, 0, 1);  // film entries before any DVD count nothing
     c.zahl(0x83, 1, 2).text(0x30, "Die DVD").zahl(0x31, 0x82, 1).zahl(0x32, 5, 1);
     c.zahl(0x33, 4000000000u, 4).zahl(0x34, 123456, 4).zahl(0x35, 2, 4).zahl(0x38, 1998, 2);
     c.text(0x36, "DVD-10").text(0x37, "Trailer").lang(0x39, "dvdtag");
     c.zahl(0x55, 77, 2);  // a film entry before any film counts nothing
-    c.zahl(0x85, 0, 1).text(0x50, "Der Film").text(0x51, "The Film").text(0x52, "Alt 1").text(0x52, "");
+    c.zahl(0x85, 0, 1)
+        .text(0x50, "Der Film")
+        .text(0x51, "The Film")
+        .text(0x52, "Alt 1")
+        .text(0x52, "");
     c.zahl(0x53, 16, 1).zahl(0x54, 1997, 2).zahl(0x55, 101, 2);
     c.text(0x56, "4:3").text(0x57, "Krimi").text(0x58, "Französisch");
     c.text(0x59, "Deutsch").text(0x59, "Englisch").text(0x5a, "Mono").text(0x5a, "Stereo");
@@ -90,7 +96,8 @@ TEST(BoxImport, EigeneKodierungMitJederEintragsart) {
     c.ende();
     c.text(0x10, "nach dem Ende");
     Austauschumgebung k;
-    ASSERT_EQ(k.importiere("k.box", boxDatei(c.daten, "GIFDATA", 2, false, false)), ImportErgebnis::Importiert);
+    ASSERT_EQ(k.importiere("k.box", boxDatei(c.daten, "GIFDATA", 2, false, false)),
+              ImportErgebnis::Importiert);
     const std::string erwartet =
         "Box|5555|Kodiert|Steelbook\nExtras|Schuber;\nTags|a;b;\nCover|gif|7|" +
         std::to_string(std::hash<std::string>()("GIFDATA")) +
@@ -98,19 +105,20 @@ TEST(BoxImport, EigeneKodierungMitJederEintragsart) {
         "Film|Der Film|The Film|Alt 1;|16|101|1997\n  Bildformate|4:3;\n  Genres|Krimi;\n"
         "  Untertitel|Französisch;\n  Sprachen|Englisch/Mono;Deutsch/Stereo;\n"
         "  Funktionen|Regie;Musik;\n  Person|Leone|Sergio|2|Regie|Il Regista;\n"
-        "  Person|Morricone|Ennio|0|Musik|Maestro;EM;\n  Inhalt|" + std::string(300, 'I') +
-        "\n  Kommentar|Kommentar\n  Tags|filmtag;\n";
+        "  Person|Morricone|Ennio|0|Musik|Maestro;EM;\n  Inhalt|" +
+        std::string(300, 'I') + "\n  Kommentar|Kommentar\n  Tags|filmtag;\n";
     EXPECT_EQ(beschreibeBox(*k.db, k.ordner, k.imp.neueBoxId()), erwartet);
 
     const auto p = zeilenVon(k.ordner.meldungen + "import_5555.log");
     ASSERT_GE(p.size(), 8u);
     EXPECT_EQ(std::vector<std::string>(p.begin(), p.begin() + 8),
-              (std::vector<std::string>{"Import-Infos:", "Import-Datum: 09.10.2024", "Import-Zeit : 11:12:13",
-                                        "Titel       : Kodiert", "EAN         : 5555",
-                                        "Export-Datum: 05.04.2023", "Export-Zeit : 06:07:08",
-                                        "Anzahl DVDs : 1"}));
-    for (const char* z : {"Neu / Verpackung <Steelbook>", "Neu / Extra <Trailer>", "Alt / Funktion <Regie>",
-                          "Neu / Person <Morricone, Ennio (0)>", "Bild speichern."})
+              (std::vector<std::string>{"Import-Infos:", "Import-Datum: 09.10.2024",
+                                        "Import-Zeit : 11:12:13", "Titel       : Kodiert",
+                                        "EAN         : 5555", "Export-Datum: 05.04.2023",
+                                        "Export-Zeit : 06:07:08", "Anzahl DVDs : 1"}));
+    for (const char* z :
+         {"Neu / Verpackung <Steelbook>", "Neu / Extra <Trailer>", "Alt / Funktion <Regie>",
+          "Neu / Person <Morricone, Ennio (0)>", "Bild speichern."})
         EXPECT_TRUE(enthaelt(p, z)) << z;
 }
 
@@ -127,17 +135,23 @@ TEST(BoxImport, NamenOhneRuecksichtAufGrossKlein) {
     EXPECT_EQ(b.anzahlPersonen(), 3);          // Jackson is new
     const std::string dump = beschreibeBox(*b.db, b.ordner, b.imp.neueBoxId());
     EXPECT_NE(dump.find("Genres|FANTASY;Abenteuer;"), std::string::npos) << dump;
-    EXPECT_NE(dump.find("Person|WOOD|elijah|0|Darsteller|Frodo;Herr Beutlin;"), std::string::npos) << dump;
+    EXPECT_NE(dump.find("Person|WOOD|elijah|0|Darsteller|Frodo;Herr Beutlin;"), std::string::npos)
+        << dump;
     const auto p = zeilenVon(b.imp.protokollPfad());
-    for (const char* z : {"Alt / Genre <Fantasy>", "Alt / Verpackung <Amaray>", "Alt / Person <Wood, Elijah (0)>",
-                          "Neu / Person <Jackson, Peter (1)>"})
+    for (const char* z : {"Alt / Genre <Fantasy>", "Alt / Verpackung <Amaray>",
+                          "Alt / Person <Wood, Elijah (0)>", "Neu / Person <Jackson, Peter (1)>"})
         EXPECT_TRUE(enthaelt(p, z)) << z;
 }
 
 TEST(BoxImport, LeereNamenErgebenKeineVerknuepfung) {
     Kodierer c;
     c.zahl(0x81, 1, 2).text(0x10, "Leer").text(0x11, "1").text(0x12, "").text(0x13, "");
-    c.zahl(0x83, 1, 2).text(0x36, "").zahl(0x85, 0, 1).text(0x57, "").text(0x59, "").text(0x5a, "DTS");
+    c.zahl(0x83, 1, 2)
+        .text(0x36, "")
+        .zahl(0x85, 0, 1)
+        .text(0x57, "")
+        .text(0x59, "")
+        .text(0x5a, "DTS");
     c.text(0x5b, "1#1").text(0x5c, "").text(0x5d, "\t\t0").text(0x5e, "1#1").ende();
     Austauschumgebung k;
     k.nutzer.objektAntworten.push_back(ObjektAntwort{ObjektTaste::OK, {}, -1});
@@ -148,7 +162,8 @@ TEST(BoxImport, LeereNamenErgebenKeineVerknuepfung) {
     EXPECT_EQ(k.anzahlPersonen(), 0);
     ASSERT_EQ(k.nutzer.objektDialoge.size(), 1u);  // only "DTS" is unknown and named
     EXPECT_EQ(k.nutzer.objektDialoge[0].felder, std::vector<std::string>{"DTS"});
-    EXPECT_NE(beschreibeBox(*k.db, k.ordner, k.imp.neueBoxId()).find("Sprachen|\n"), std::string::npos);
+    EXPECT_NE(beschreibeBox(*k.db, k.ordner, k.imp.neueBoxId()).find("Sprachen|\n"),
+              std::string::npos);
 }
 
 TEST(BoxImport, DoppelteEanMitUndOhneMeldung) {
@@ -176,7 +191,8 @@ TEST(BoxImport, BoxBestaetigenNeinAendertNichts) {
     EXPECT_EQ(k.importiere("f.box", boxDatei(c.daten)), ImportErgebnis::Abgelehnt);
     ASSERT_EQ(k.nutzer.fragen.size(), 1u);
     EXPECT_EQ(k.nutzer.fragen[0].titel, "Box importieren ?");
-    EXPECT_EQ(k.nutzer.fragen[0].text, "Soll die folgende Box importiert werden:\n{\"Frage\"}\nAnzahl DVDs: 3\nEAN: 77\n");
+    EXPECT_EQ(k.nutzer.fragen[0].text,
+              "Soll die folgende Box importiert werden:\n{\"Frage\"}\nAnzahl DVDs: 3\nEAN: 77\n");
     EXPECT_EQ(k.anzahlBoxen(), 0);
     EXPECT_EQ(k.anzahlLookups(kTypVerpackung), 0);
     EXPECT_FALSE(gibtEs(k.ordner.meldungen + "import_77.log"));
@@ -245,9 +261,11 @@ TEST(BoxImport, AustauschExportiertEinzelneBox) {
     Austausch& a = k.austausch;
     const long ohneEan = k.db->neueBox("", "Ohne", 0);
     std::string pfad;
-    EXPECT_EQ(a.exportiere(k.box, k.ziel.pfad(), SchreibOptionen{}, &pfad), ExportErgebnis::Exportiert);
+    EXPECT_EQ(a.exportiere(k.box, k.ziel.pfad(), SchreibOptionen{}, &pfad),
+              ExportErgebnis::Exportiert);
     EXPECT_EQ(pfad, k.ziel / "4010232012345.box");
-    EXPECT_EQ(a.exportiere(k.box, k.ziel.pfad(), SchreibOptionen{}), ExportErgebnis::NichtUeberschrieben);
+    EXPECT_EQ(a.exportiere(k.box, k.ziel.pfad(), SchreibOptionen{}),
+              ExportErgebnis::NichtUeberschrieben);
     ASSERT_EQ(k.nutzer.fragen.size(), 1u);
     EXPECT_EQ(k.nutzer.fragen[0].text, "Die Exportdatei existiert bereits.\nÜberschreiben?");
     k.nutzer.antworten.push_back(true);

@@ -76,8 +76,9 @@ TEST(ImportDialog, OkNimmtDenGezeigtenNamen) {
 
 TEST(ImportDialog, EditUndAbbruchImBearbeitungsmodus) {
     DialogFall f;
-    ASSERT_EQ(f.los({taste(ObjektTaste::Edit), taste(ObjektTaste::OK, {"Thriller"}), taste(ObjektTaste::OK),
-                     taste(ObjektTaste::Edit), taste(ObjektTaste::Letzte, {"verworfen"}), taste(ObjektTaste::OK),
+    ASSERT_EQ(f.los({taste(ObjektTaste::Edit), taste(ObjektTaste::OK, {"Thriller"}),
+                     taste(ObjektTaste::OK), taste(ObjektTaste::Edit),
+                     taste(ObjektTaste::Letzte, {"verworfen"}), taste(ObjektTaste::OK),
                      taste(ObjektTaste::Edit), taste(ObjektTaste::OK, {"Anders", "Hans", "3"}),
                      taste(ObjektTaste::OK)}),
               ImportErgebnis::Importiert);
@@ -89,17 +90,19 @@ TEST(ImportDialog, EditUndAbbruchImBearbeitungsmodus) {
     EXPECT_EQ(d[2].felder, std::vector<std::string>{"Thriller"});
     EXPECT_EQ(d[5].felder, std::vector<std::string>{"Western"});  // "Abbruch" keeps the old text
     EXPECT_EQ(d[8].felder, (std::vector<std::string>{"Anders", "Hans", "3"}));
-    f.imProtokoll({"Neu / Genre <Thriller>", "Neu / Genre <Western>", "Neu / Person <Anders, Hans (3)>"});
+    f.imProtokoll(
+        {"Neu / Genre <Thriller>", "Neu / Genre <Western>", "Neu / Person <Anders, Hans (3)>"});
     f.filmHat({"Genres|Thriller;Western;", "Person|Anders|Hans|3|Darsteller|"});
     EXPECT_EQ(f.anzahlLookups(kTypGenre), 3);
 }
 
 TEST(ImportDialog, BearbeiteterNameTrifftVorhandenen) {
     DialogFall f;
-    ASSERT_EQ(f.los({taste(ObjektTaste::Edit), taste(ObjektTaste::OK, {"DRAMA"}), taste(ObjektTaste::OK),
-                     taste(ObjektTaste::Nicht), taste(ObjektTaste::Nicht)}),
+    ASSERT_EQ(f.los({taste(ObjektTaste::Edit), taste(ObjektTaste::OK, {"DRAMA"}),
+                     taste(ObjektTaste::OK), taste(ObjektTaste::Nicht), taste(ObjektTaste::Nicht)}),
               ImportErgebnis::Importiert);
-    f.imProtokoll({"Alt / Genre <DRAMA>", "Ignorieren / Genre <Western>", "Ignorieren / Person <Neu, Person (0)>"});
+    f.imProtokoll({"Alt / Genre <DRAMA>", "Ignorieren / Genre <Western>",
+                   "Ignorieren / Person <Neu, Person (0)>"});
     EXPECT_EQ(f.anzahlLookups(kTypGenre), 1);
     EXPECT_EQ(f.anzahlPersonen(), 0);
     f.filmHat({"Genres|Drama;\n"});
@@ -109,10 +112,11 @@ TEST(ImportDialog, BearbeiteterNameTrifftVorhandenen) {
 TEST(ImportDialog, AuswahlUebernimmtDenGewaehltenEintrag) {
     DialogFall f;
     f.db->katalog().Person.insert(2, "Alt", "Bekannt");
-    ASSERT_EQ(f.los({taste(ObjektTaste::Auswahl), taste(ObjektTaste::OK, {}, 0), taste(ObjektTaste::OK),
-                     taste(ObjektTaste::Auswahl), taste(ObjektTaste::Letzte), taste(ObjektTaste::OK),
-                     taste(ObjektTaste::Auswahl), taste(ObjektTaste::OK, {}, 0), taste(ObjektTaste::OK)}),
-              ImportErgebnis::Importiert);
+    ASSERT_EQ(
+        f.los({taste(ObjektTaste::Auswahl), taste(ObjektTaste::OK, {}, 0), taste(ObjektTaste::OK),
+               taste(ObjektTaste::Auswahl), taste(ObjektTaste::Letzte), taste(ObjektTaste::OK),
+               taste(ObjektTaste::Auswahl), taste(ObjektTaste::OK, {}, 0), taste(ObjektTaste::OK)}),
+        ImportErgebnis::Importiert);
     const auto& d = f.nutzer.objektDialoge;
     ASSERT_EQ(d.size(), 9u);
     EXPECT_EQ(d[1].modus, ObjektModus::Auswahl);
@@ -130,7 +134,8 @@ TEST(ImportDialog, BeendenBrichtVorDemAnlegenAb) {
     DialogFall f;
     f.db->katalog().Person.insert(0, "X", "Y");
     const std::string boxVorher = leseDatei(f.ordner.daten + "Box.dat");
-    ASSERT_EQ(f.los({taste(ObjektTaste::OK), taste(ObjektTaste::Letzte)}), ImportErgebnis::Abgebrochen);
+    ASSERT_EQ(f.los({taste(ObjektTaste::OK), taste(ObjektTaste::Letzte)}),
+              ImportErgebnis::Abgebrochen);
     f.imProtokoll({"Neu / Genre <Krimi>", "Abbruch / Genre <Western>"});
     EXPECT_EQ(f.anzahlBoxen(), 0);
     EXPECT_EQ(leseDatei(f.ordner.daten + "Box.dat"), boxVorher);
@@ -161,7 +166,8 @@ TEST(ImportDialog, AlleOkGiltFuerDenRestDesImports) {
 
 TEST(ImportDialog, AlleOkImBearbeitungsmodus) {
     DialogFall f;
-    ASSERT_EQ(f.los({taste(ObjektTaste::Edit), taste(ObjektTaste::AlleOK, {"Noir"}), taste(ObjektTaste::OK)}),
+    ASSERT_EQ(f.los({taste(ObjektTaste::Edit), taste(ObjektTaste::AlleOK, {"Noir"}),
+                     taste(ObjektTaste::OK)}),
               ImportErgebnis::Importiert);
     ASSERT_EQ(f.nutzer.objektDialoge.size(), 3u);
     EXPECT_EQ(f.nutzer.objektDialoge[2].felder, std::vector<std::string>{"Noir"});
@@ -184,5 +190,6 @@ TEST(ImportDialog, OhneObjekteKeineAuswahlUndLangeNamenGekappt) {
     // A front end that keeps pressing a button without effect ends as "Beenden".
     DialogFall g;
     g.db->katalog().Genre.remove(1, true);
-    EXPECT_EQ(g.los(std::vector<ObjektAntwort>(100, taste(ObjektTaste::Auswahl))), ImportErgebnis::Abgebrochen);
+    EXPECT_EQ(g.los(std::vector<ObjektAntwort>(100, taste(ObjektTaste::Auswahl))),
+              ImportErgebnis::Abgebrochen);
 }

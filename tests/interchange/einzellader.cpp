@@ -18,35 +18,42 @@ std::string objekte(const ObjektElement* e) {
     std::ostringstream o;
     for (; e; e = e->pNext)
         o << e->Id << "/" << e->pObjekt1->zeile.cpText << "/" << e->Id2 << "/"
-          << (e->pObjekt2 ? e->pObjekt2->zeile.cpText : "-") << "/" << e->lPos << (e->pPrev ? "^" : "") << ";";
+          << (e->pObjekt2 ? e->pObjekt2->zeile.cpText : "-") << "/" << e->lPos
+          << (e->pPrev ? "^" : "") << ";";
     return o.str();
 }
 
 std::string film(const FilmElement& f) {
     std::ostringstream o;
-    o << "  Film " << f.Id << " " << int(f.FSK) << " " << f.Laenge << " " << f.Jahr << " [" << f.cpTitel << "] #"
-      << f.Index << "\n   G " << objekte(f.pGenres) << "\n   B " << objekte(f.pBildformate) << "\n   U "
-      << objekte(f.pUntertitel) << "\n   S " << objekte(f.pSprachen) << "\n   P ";
+    o << "  Film " << f.Id << " " << int(f.FSK) << " " << f.Laenge << " " << f.Jahr << " ["
+      << f.cpTitel << "] #" << f.Index << "\n   G " << objekte(f.pGenres) << "\n   B "
+      << objekte(f.pBildformate) << "\n   U " << objekte(f.pUntertitel) << "\n   S "
+      << objekte(f.pSprachen) << "\n   P ";
     for (const PersonenElement* p = f.pPersonen; p; p = p->pNext) {
-        o << p->lVerknuepfung << "/" << p->lFunktion << "/" << p->lPos << "/" << p->pPerson->zeile.cpName << "(";
-        for (const ListenElement* a = p->pAlias; a; a = a->pNext) o << static_cast<const Zeile1*>(a->pObjekt)->cpText << ",";
+        o << p->lVerknuepfung << "/" << p->lFunktion << "/" << p->lPos << "/"
+          << p->pPerson->zeile.cpName << "(";
+        for (const ListenElement* a = p->pAlias; a; a = a->pNext)
+            o << static_cast<const Zeile1*>(a->pObjekt)->cpText << ",";
         o << ");";
     }
     o << "\n   F ";
-    for (const FktElement* k = f.pFunktionen; k; k = k->pNext) o << k->Id << "/" << k->sWert << "/" << k->cpText << ";";
+    for (const FktElement* k = f.pFunktionen; k; k = k->pNext)
+        o << k->Id << "/" << k->sWert << "/" << k->cpText << ";";
     return o.str() + "\n";
 }
 
 std::string dvd(const DvdElement& d) {
     std::ostringstream o;
-    o << " Dvd " << d.Id << " [" << d.cpText << "] " << d.Jahr << " " << int(d.RC) << " " << int(d.Opt) << " "
-      << d.Formate_Id << " " << d.SN << " #" << d.Index << " X " << objekte(d.pExtras) << "\n";
+    o << " Dvd " << d.Id << " [" << d.cpText << "] " << d.Jahr << " " << int(d.RC) << " "
+      << int(d.Opt) << " " << d.Formate_Id << " " << d.SN << " #" << d.Index << " X "
+      << objekte(d.pExtras) << "\n";
     for (const FilmElement* f = d.pFilme; f; f = f->pNext) o << film(*f);
     return o.str();
 }
 
 std::string boxText(const BoxElement& b) {
-    std::string s = "Box " + std::to_string(b.Id) + " [" + b.cpText + "] X " + objekte(b.pExtras) + "\n";
+    std::string s =
+        "Box " + std::to_string(b.Id) + " [" + b.cpText + "] X " + objekte(b.pExtras) + "\n";
     for (const DvdElement* d = b.pDvds; d; d = d->pNext) s += dvd(*d);
     return s;
 }
@@ -65,7 +72,8 @@ TEST(EinzelLader, GleicheListenWieDieDomaene) {
     const long f2 = u.film(dvd3, "Zwei");
     k.DVD_Film.insert(dvd3, 8888, 1);
     const long weg = u.lookup(kTypTonformat, "weg");
-    u.db->schreibeFilmSprachen(f1, {{u.lookup(kTypSprache, "Latein"), weg}, {u.lookup(kTypSprache, "Griechisch"), 1}});
+    u.db->schreibeFilmSprachen(
+        f1, {{u.lookup(kTypSprache, "Latein"), weg}, {u.lookup(kTypSprache, "Griechisch"), 1}});
     k.Tonformate.remove(weg, true);
     u.db->schreibeFilmTitel(f2, FilmTitel{"", "nur Original", {"dies", "das"}});
     u.db->schreibeFilmObjekte(f2, kTypGenre, {1, 2, 1});
@@ -94,5 +102,6 @@ TEST(EinzelLader, GleicheListenWieDieDomaene) {
     einzeln.reset();
     d1.reset();
     EXPECT_TRUE(u.spur.offen().empty());
-    EXPECT_TRUE(u.spur.enthaelt(std::regex(R"(^\[malloc\] pObj = \[[0-9a-f]{8}\] \{EinzelLader\})")));
+    EXPECT_TRUE(
+        u.spur.enthaelt(std::regex(R"(^\[malloc\] pObj = \[[0-9a-f]{8}\] \{EinzelLader\})")));
 }

@@ -14,9 +14,10 @@ namespace {
 
 // Counts how often each table file is opened.
 class ZaehlendesDateisystem : public FehlerDateisystem {
-public:
+  public:
     std::map<std::string, int> oeffnungen;
-    std::unique_ptr<Datei> oeffne(const std::string& pfad, OeffnenModus modus, int* fehler) override {
+    std::unique_ptr<Datei> oeffne(const std::string& pfad, OeffnenModus modus,
+                                  int* fehler) override {
         if (pfad.size() > 4 && pfad.compare(pfad.size() - 4, 4, ".dat") == 0) ++oeffnungen[pfad];
         return FehlerDateisystem::oeffne(pfad, modus, fehler);
     }
@@ -29,7 +30,8 @@ public:
 
 std::vector<std::string> dateienIn(const std::string& ordner) {
     std::vector<std::string> v;
-    for (const auto& e : std::filesystem::directory_iterator(ordner)) v.push_back(e.path().filename().string());
+    for (const auto& e : std::filesystem::directory_iterator(ordner))
+        v.push_back(e.path().filename().string());
     std::sort(v.begin(), v.end());
     return v;
 }
@@ -38,23 +40,27 @@ std::vector<std::string> dateienIn(const std::string& ordner) {
 
 TEST(StapelExport, FortschrittDateienUndNichtExportierte) {
     Austauschumgebung k;
-    k.db->neueBox("111", "Abcdefghijklmnopqrstuvwxy", 0);    // 25 characters
-    k.db->neueBox("222", "Bbcdefghijklmnopqrstuvwxyz", 0);   // 26
+    k.db->neueBox("111", "Abcdefghijklmnopqrstuvwxy", 0);   // 25 characters
+    k.db->neueBox("222", "Bbcdefghijklmnopqrstuvwxyz", 0);  // 26
     const long kaputt = k.db->neueBox("333", "Cover kaputt", 0);
     schreibeDatei(k.ordner.cover + std::to_string(kaputt) + ".tif", "TIF");
     TempOrdner ziel;
     const StapelExportErgebnis r = k.austausch.exportiereAlle(ziel.pfad(), false);
     EXPECT_EQ(r.gesamt, 3);
     EXPECT_EQ(r.exportiert, 2);
-    EXPECT_EQ(k.nutzer.fortschritte,
-              (std::vector<std::string>{
-                  "Exportiere Box 1 von 3\r\n111.box\r\n{Abcdefghijklmnopqrstuvwxy}\r\nNicht exportierte Boxen: 0",
-                  "Exportiere Box 2 von 3\r\n222.box\r\n{Bbcdefghijklmnopqrstuvwxy...}\r\nNicht exportierte Boxen: 0",
-                  "Exportiere Box 3 von 3\r\n333.box\r\n{Cover kaputt}\r\nNicht exportierte Boxen: 0"}));
+    EXPECT_EQ(
+        k.nutzer.fortschritte,
+        (std::vector<std::string>{
+            "Exportiere Box 1 von 3\r\n111.box\r\n{Abcdefghijklmnopqrstuvwxy}\r\nNicht exportierte "
+            "Boxen: 0",
+            "Exportiere Box 2 von 3\r\n222.box\r\n{Bbcdefghijklmnopqrstuvwxy...}\r\nNicht "
+            "exportierte Boxen: 0",
+            "Exportiere Box 3 von 3\r\n333.box\r\n{Cover kaputt}\r\nNicht exportierte Boxen: 0"}));
     EXPECT_EQ(k.nutzer.texte, std::vector<std::string>{"\"Cover kaputt\"\r\n"});
     EXPECT_EQ(dateienIn(ziel.pfad()), (std::vector<std::string>{"111.box", "222.box"}));
     EXPECT_EQ(k.austausch.letzterExportOrdner(), ziel.pfad());
-    EXPECT_EQ(exportFortschritt(1, 1, "9", "x", 4), "Exportiere Box 1 von 1\r\n9.box\r\n{x}\r\nNicht exportierte Boxen: 4");
+    EXPECT_EQ(exportFortschritt(1, 1, "9", "x", 4),
+              "Exportiere Box 1 von 1\r\n9.box\r\n{x}\r\nNicht exportierte Boxen: 4");
 }
 
 TEST(StapelExport, SchreibfehlerWerdenGezaehltUndDieRundeLaeuftWeiter) {
@@ -78,7 +84,8 @@ TEST(StapelExport, LiestJedeTabelleNurBegrenztOft) {
     auto oeffnungen = [](int boxen) {
         ZaehlendesDateisystem fs;
         Austauschumgebung k(fs);
-        for (int i = 0; i < boxen; ++i) legeBeispielBoxAn(*k.db, k.ordner, std::to_string(1000 + i));
+        for (int i = 0; i < boxen; ++i)
+            legeBeispielBoxAn(*k.db, k.ordner, std::to_string(1000 + i));
         TempOrdner ziel;
         fs.oeffnungen.clear();
         EXPECT_EQ(k.austausch.exportiereAlle(ziel.pfad(), true).exportiert, boxen);
@@ -130,7 +137,8 @@ TEST(StapelImport, OhneInfoUndStrgMitNein) {
     ASSERT_EQ(r.size(), 3u);
     ASSERT_EQ(f.nutzer.fragen.size(), 1u);
     EXPECT_EQ(f.nutzer.fragen[0].titel, "Import abbrechen");
-    EXPECT_EQ(f.nutzer.fragen[0].text, "Importierte Boxen: 1\nNoch weitere Boxen: 1\nImport wirklich abbrechen?");
+    EXPECT_EQ(f.nutzer.fragen[0].text,
+              "Importierte Boxen: 1\nNoch weitere Boxen: 1\nImport wirklich abbrechen?");
     EXPECT_EQ(f.anzahlBoxen(), 2);
     for (const auto& p : f.pfade) EXPECT_FALSE(gibtEs(p));
 }
@@ -143,7 +151,8 @@ TEST(StapelImport, StrgMitJaBehaeltDieDatei) {
     ASSERT_EQ(r.size(), 1u);
     EXPECT_TRUE(r[0].behalten);
     EXPECT_EQ(r[0].ergebnis, ImportErgebnis::Importiert);
-    EXPECT_EQ(f.nutzer.fragen[0].text, "Importierte Boxen: 1\nNoch weitere Boxen: 2\nImport wirklich abbrechen?");
+    EXPECT_EQ(f.nutzer.fragen[0].text,
+              "Importierte Boxen: 1\nNoch weitere Boxen: 2\nImport wirklich abbrechen?");
     for (const auto& p : f.pfade) EXPECT_TRUE(gibtEs(p));
     EXPECT_EQ(f.anzahlBoxen(), 1);
 }
@@ -153,7 +162,8 @@ TEST(StapelImport, InfoFelderAusDerVorschau) {
     // a user that keeps them.
     struct Merker : FakeBenutzer {
         std::vector<std::vector<std::pair<std::string, std::string>>> felder;
-        bool info(const std::string& t, const std::vector<std::pair<std::string, std::string>>& f) override {
+        bool info(const std::string& t,
+                  const std::vector<std::pair<std::string, std::string>>& f) override {
             EXPECT_EQ(t, "Import-Info");
             felder.push_back(f);
             return false;
@@ -164,7 +174,9 @@ TEST(StapelImport, InfoFelderAusDerVorschau) {
     a.stapelImport({f.pfade[0]}, true, ImportOptionen{});
     ASSERT_EQ(merker.felder.size(), 1u);
     EXPECT_EQ(merker.felder[0], (std::vector<std::pair<std::string, std::string>>{
-                                    {"Box-Titel:", "Box 10"}, {"EAN:", "10"}, {"Anzahl Dvds:", "0"},
+                                    {"Box-Titel:", "Box 10"},
+                                    {"EAN:", "10"},
+                                    {"Anzahl Dvds:", "0"},
                                     {"Exportiert am:", "05.04.2023 06:07:08"}}));
     EXPECT_EQ(f.anzahlBoxen(), 0);
 }

@@ -45,11 +45,15 @@ struct XmlFall : Austauschumgebung {
     long box = 0, dvd = 0, film = 0;
 };
 
-const char* kKopf = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<ZELKA_4>\r\n<ZELKA_XML version=\"1.0\">\r\n";
+const char* kKopf =
+    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<ZELKA_4>\r\n<ZELKA_XML "
+    "version=\"1.0\">\r\n";
 const char* kFuss = "</ZELKA_XML>\r\n</ZELKA_4>\r\n";
-const std::string kBox = "<Box EAN=\"12&lt;3&gt;\" Verpackungstyp=\"Amaray\" Titel=\"A&amp;B &quot;Box&quot;\"";
-const std::string kDvd = "<Dvd Titel=\"D&lt;1&gt;\" Jahr=\"2000\" SN=\"4000000000\" BytesLow=\"5\" BytesHigh=\"0\" "
-                         "Format=\"DVD-9\">\r\n<RC>2</RC>\r\n<Extra>Trailer</Extra>\r\n";
+const std::string kBox =
+    "<Box EAN=\"12&lt;3&gt;\" Verpackungstyp=\"Amaray\" Titel=\"A&amp;B &quot;Box&quot;\"";
+const std::string kDvd =
+    "<Dvd Titel=\"D&lt;1&gt;\" Jahr=\"2000\" SN=\"4000000000\" BytesLow=\"5\" BytesHigh=\"0\" "
+    "Format=\"DVD-9\">\r\n<RC>2</RC>\r\n<Extra>Trailer</Extra>\r\n";
 
 const char* kFilm =
     "<Film Titel=\"F&apos;1\" FSK=\"12\" Jahr=\"1999\" Dauer=\"90\">\r\n"
@@ -96,7 +100,8 @@ TEST(XmlExport, CoverAlsDatenUri) {
         {".bmp", "bmp"}, {".JPG", "jpeg"}, {".gif", "gif"}, {".png", "???"}, {".jpeg", "???"}};
     for (const auto& [endung, art] : arten) {
         schreibeDatei(stamm + endung, "PIC");
-        EXPECT_EQ(kopfzeile(true), ohne + " Cover=\"data:image/" + art + ";base64,UElD\">") << endung;
+        EXPECT_EQ(kopfzeile(true), ohne + " Cover=\"data:image/" + art + ";base64,UElD\">")
+            << endung;
         EXPECT_EQ(kopfzeile(false), ohne + ">");
         std::remove((stamm + endung).c_str());
     }

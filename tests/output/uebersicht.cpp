@@ -16,7 +16,7 @@ using test::leseDatei;
 using test::schreibeDatei;
 
 class UebersichtTest : public ::testing::Test {
-protected:
+  protected:
     UebersichtTest() {
         vorlagen = ordner / "Vorlagen/";
         echtesDateisystem().erzeugeOrdner(vorlagen);
@@ -44,7 +44,8 @@ protected:
     test::FakeBenutzer benutzer;
     FarbZaehler farben;
     std::vector<std::string> geoeffnet;
-    UebersichtUmgebung umgebung{echtesDateisystem(), benutzer, farben, "", [this](const std::string& p) {
+    UebersichtUmgebung umgebung{echtesDateisystem(), benutzer, farben, "",
+                                [this](const std::string& p) {
                                     geoeffnet.push_back(p);
                                     return true;
                                 }};
@@ -77,8 +78,8 @@ TEST_F(UebersichtTest, WerteWerdenUnveraendertUndNurEinmalEingesetzt) {
     e.titel = "A & B <i>";
     e.ueberschrift = "100%BOXANZAHL%";
     box(1, "50% %BOXTITEL%");
-    const std::string seite = erzeuge("%LISTENTITEL%|%LISTENUEBERSCHRIFT%|%LOOP=box.html%\nEnde\n",
-                                      "[%BOXTITEL%]\n");
+    const std::string seite =
+        erzeuge("%LISTENTITEL%|%LISTENUEBERSCHRIFT%|%LOOP=box.html%\nEnde\n", "[%BOXTITEL%]\n");
     ASSERT_TRUE(ok);
     // A value holding percent signs is not read as a placeholder; the LOOP line
     // stands for the section as a whole.
@@ -91,9 +92,8 @@ TEST_F(UebersichtTest, AbschnittJeBoxMitLaufenderNummer) {
     box(4, "Alpha", "Alpha Orig");
     box(2, "Beta");
     box(9, "Gamma");
-    const std::string seite =
-        erzeuge("<ul>\n%LOOP=box.html%\n</ul>\n%BOXANZAHL%\n",
-                "<li>%BOXLFDNR%:%BOXTITEL%:%BOXORIGTITEL%</li>\n<hr>\n");
+    const std::string seite = erzeuge("<ul>\n%LOOP=box.html%\n</ul>\n%BOXANZAHL%\n",
+                                      "<li>%BOXLFDNR%:%BOXTITEL%:%BOXORIGTITEL%</li>\n<hr>\n");
     ASSERT_TRUE(ok);
     EXPECT_EQ(seite,
               "<ul>\n<li>1:Alpha:Alpha Orig</li>\n<hr>\n<li>2:Beta:</li>\n<hr>\n"
@@ -111,7 +111,8 @@ TEST_F(UebersichtTest, FehlenderAbschnittWirdGemeldet) {
     erzeuge("a\n%LOOP=fehlt.html%\n");
     EXPECT_FALSE(ok);
     ASSERT_EQ(benutzer.meldungen.size(), 1u);
-    EXPECT_EQ(benutzer.meldungen[0].text, "Die Vorlagendatei (" + vorlagen + "fehlt.html) ist nicht lesbar");
+    EXPECT_EQ(benutzer.meldungen[0].text,
+              "Die Vorlagendatei (" + vorlagen + "fehlt.html) ist nicht lesbar");
     EXPECT_TRUE(geoeffnet.empty());
 }
 
@@ -131,7 +132,8 @@ TEST_F(UebersichtTest, FarbenWiederholenSichUndDerZaehlerGiltFuerDasProgramm) {
 }
 
 TEST(FarbDatei, FormatUndStandardanzahl) {
-    const auto f = leseFarbDatei("Farbe=\"rot\"\n  Farbe=\"x y\";0\nFarbe=\"z\";12\nFarbe=\"kaputt\n");
+    const auto f =
+        leseFarbDatei("Farbe=\"rot\"\n  Farbe=\"x y\";0\nFarbe=\"z\";12\nFarbe=\"kaputt\n");
     ASSERT_EQ(f.size(), 3u);
     EXPECT_EQ(f[0].text, "rot");
     EXPECT_EQ(f[0].anzahl, 1);
@@ -146,10 +148,12 @@ TEST_F(UebersichtTest, HintergrundUndCoverLandenImNebenordner) {
     schreibeDatei(ordner / "Cover/7.jpg", "JPEG7");
     box(7, "Mit", "", "7.jpg");
     box(8, "Ohne");
-    const std::string seite = erzeuge("%HINTERGRUNDBILD%\n%LOOP=box.html%\n",
-                                      "%BOXCOVER% %BOXCOVER%\n");
+    const std::string seite =
+        erzeuge("%HINTERGRUNDBILD%\n%LOOP=box.html%\n", "%BOXCOVER% %BOXCOVER%\n");
     ASSERT_TRUE(ok);
-    EXPECT_EQ(seite, "Liste_Dateien/bild.png\nListe_Dateien/7.jpg Liste_Dateien/7.jpg\nnone.jpg none.jpg\n");
+    EXPECT_EQ(
+        seite,
+        "Liste_Dateien/bild.png\nListe_Dateien/7.jpg Liste_Dateien/7.jpg\nnone.jpg none.jpg\n");
     EXPECT_EQ(leseDatei(ordner / "aus/Liste_Dateien/bild.png"), "PNG");
     EXPECT_EQ(leseDatei(ordner / "aus/Liste_Dateien/7.jpg"), "JPEG7");
 
@@ -160,7 +164,9 @@ TEST_F(UebersichtTest, HintergrundUndCoverLandenImNebenordner) {
 }
 
 TEST_F(UebersichtTest, MeldungenBeiFehlendenOderFalschenEingaben) {
-    const auto letzte = [&] { return benutzer.meldungen.empty() ? "" : benutzer.meldungen.back().text; };
+    const auto letzte = [&] {
+        return benutzer.meldungen.empty() ? "" : benutzer.meldungen.back().text;
+    };
     e.ziel = "";
     erzeuge("x");
     EXPECT_EQ(letzte(), "Fehlende Vorlage, Zielpfad oder Zieldatei.");
@@ -194,11 +200,12 @@ TEST_F(UebersichtTest, EinstellungsdateiHinUndZurueck) {
     e.hintergrund = ordner / "bild.jpg";
     const std::string ini = ordner / "uebersicht.ini";
     ASSERT_TRUE(schreibeUebersichtEinstellungen(echtesDateisystem(), benutzer, ini, e));
-    EXPECT_EQ(leseDatei(ini),
-              "@V1.0\n\n# Vorlage-Datei\nVorlage=\"" + e.vorlage + "\"\n\n# Zieldatei\nZiel=\"" +
-                  e.ziel + "\"\n\n# Listentitel\nTitel=\"Meine Sammlung\"\n\n"
-                  "# Listen-Überschrift\nUeberschrift=\"Übersicht aller Boxen\"\n\n"
-                  "# Hintergrundbild\nHintergrund=\"" + e.hintergrund + "\"\n\n");
+    EXPECT_EQ(leseDatei(ini), "@V1.0\n\n# Vorlage-Datei\nVorlage=\"" + e.vorlage +
+                                  "\"\n\n# Zieldatei\nZiel=\"" + e.ziel +
+                                  "\"\n\n# Listentitel\nTitel=\"Meine Sammlung\"\n\n"
+                                  "# Listen-Überschrift\nUeberschrift=\"Übersicht aller Boxen\"\n\n"
+                                  "# Hintergrundbild\nHintergrund=\"" +
+                                  e.hintergrund + "\"\n\n");
     UebersichtEinstellungen gelesen;
     ASSERT_TRUE(leseUebersichtEinstellungen(echtesDateisystem(), benutzer, ini, gelesen));
     EXPECT_EQ(gelesen.vorlage, e.vorlage);
@@ -222,10 +229,12 @@ TEST_F(UebersichtTest, FehlerhafteEinstellungsdateiNenntIhrenCode) {
         EXPECT_FALSE(leseUebersichtEinstellungen(echtesDateisystem(), benutzer, ini, gelesen));
         EXPECT_EQ(gelesen.titel, "unberührt");
         EXPECT_EQ(benutzer.meldungen.back().titel, "Fehler...");
-        EXPECT_EQ(benutzer.meldungen.back().text, "Die Datei ist fehlerhaft (Code = " + std::to_string(code) + ")");
+        EXPECT_EQ(benutzer.meldungen.back().text,
+                  "Die Datei ist fehlerhaft (Code = " + std::to_string(code) + ")");
     }
     UebersichtEinstellungen gelesen;
-    EXPECT_FALSE(leseUebersichtEinstellungen(echtesDateisystem(), benutzer, ordner / "fehlt.ini", gelesen));
+    EXPECT_FALSE(
+        leseUebersichtEinstellungen(echtesDateisystem(), benutzer, ordner / "fehlt.ini", gelesen));
     EXPECT_EQ(benutzer.meldungen.back().text, "Die Datei ist fehlerhaft (Code = 1)");
 }
 
@@ -259,8 +268,8 @@ TEST(UebersichtDatenTest, BoxenInBaumReihenfolgeMitOriginaltitelUndCover) {
 TEST(StandardVorlagen, WerdenUnveraendertEingebautUndNurFehlendeInstalliert) {
     // The project root is the test data folder without "/tests/data" (which need not exist).
     const std::string daten = DORVANO_TESTDATA;
-    const std::string quelle = daten.substr(0, daten.size() - std::string("/tests/data").size()) +
-                               "/output/vorlagen/";
+    const std::string quelle =
+        daten.substr(0, daten.size() - std::string("/tests/data").size()) + "/output/vorlagen/";
     ASSERT_TRUE(test::gibtEs(quelle + "Uebersicht.html")) << quelle;
     ASSERT_EQ(standardVorlagen().size(), 4u);
     for (const EingebauteDatei& f : standardVorlagen())
@@ -272,7 +281,8 @@ TEST(StandardVorlagen, WerdenUnveraendertEingebautUndNurFehlendeInstalliert) {
     schreibeDatei(vorlagen + "Uebersicht.html", "eigene");
     ASSERT_TRUE(installiereStandardVorlagen(echtesDateisystem(), vorlagen));
     EXPECT_EQ(leseDatei(vorlagen + "Uebersicht.html"), "eigene");
-    EXPECT_EQ(leseDatei(vorlagen + "Uebersicht_Box.html"), leseDatei(quelle + "Uebersicht_Box.html"));
+    EXPECT_EQ(leseDatei(vorlagen + "Uebersicht_Box.html"),
+              leseDatei(quelle + "Uebersicht_Box.html"));
     EXPECT_TRUE(test::gibtEs(vorlagen + "Hintergrund.svg"));
 }
 

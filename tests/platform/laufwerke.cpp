@@ -13,18 +13,23 @@
 namespace dv {
 namespace {
 
-std::string u8s(const char8_t* s) { return reinterpret_cast<const char*>(s); }
+std::string u8s(const char8_t* s) {
+    return reinterpret_cast<const char*>(s);
+}
 
 // "D=/dev/sr0 E=/dev/sr2 ..." for a list of drives.
 std::string buchstaben(const std::vector<OptischesLaufwerk>& liste) {
     std::string s;
-    for (const auto& l : liste) s += (s.empty() ? "" : " ") + std::string(1, l.buchstabe) + "=" + l.geraet;
+    for (const auto& l : liste)
+        s += (s.empty() ? "" : " ") + std::string(1, l.buchstabe) + "=" + l.geraet;
     return s;
 }
 
 TEST(Laufwerksbuchstaben, NachGeraetenummerAbD) {
-    EXPECT_EQ(buchstaben(vergebeBuchstaben({{0, "/dev/sr10", ""}, {0, "/dev/sr2", "B"},
-                                            {0, "/dev/sr0", "A"}, {0, "/dev/sr2", "B"}})),
+    EXPECT_EQ(buchstaben(vergebeBuchstaben({{0, "/dev/sr10", ""},
+                                            {0, "/dev/sr2", "B"},
+                                            {0, "/dev/sr0", "A"},
+                                            {0, "/dev/sr2", "B"}})),
               "D=/dev/sr0 E=/dev/sr2 F=/dev/sr10");
     std::vector<OptischesLaufwerk> viele;
     for (int i = 29; i >= 0; --i) viele.push_back({0, "/dev/sr" + std::to_string(i), ""});
@@ -60,12 +65,14 @@ TEST(Udf, NamenAusOstaUnicode) {
     const std::uint8_t acht[] = {8, 'G', 'r', 0xF6, 0xDF, 'e'};
     const std::string groesse = u8s(u8"Größe");
     EXPECT_EQ(udf::cs0NachUtf8(acht, sizeof acht), groesse);
-    const std::uint8_t sechzehn[] = {16, 0x20, 0xAC, 0x03, 0xA9, 0xD8, 0x3D, 0xDE, 0x00,
-                                 0x00, 0x00, 0x00, 0x41};  // ends at the NUL
+    const std::uint8_t sechzehn[] = {16,   0x20, 0xAC, 0x03, 0xA9, 0xD8, 0x3D,
+                                     0xDE, 0x00, 0x00, 0x00, 0x00, 0x41};  // ends at the NUL
     const std::string euroOmegaLachen = u8s(u8"€Ω\U0001F600");
     EXPECT_EQ(udf::cs0NachUtf8(sechzehn, sizeof sechzehn), euroOmegaLachen);
     const std::uint8_t einzeln[] = {16, 0xDC, 0x00, 0x00, 0x41, 0x00};  // lone surrogate, odd tail
-    EXPECT_EQ(udf::cs0NachUtf8(einzeln, sizeof einzeln), "\xEF\xBF\xBD" "A");
+    EXPECT_EQ(udf::cs0NachUtf8(einzeln, sizeof einzeln),
+              "\xEF\xBF\xBD"
+              "A");
     const std::uint8_t fremd[] = {3, 'A', 'B'};
     EXPECT_EQ(udf::cs0NachUtf8(fremd, sizeof fremd), "");
     EXPECT_EQ(udf::cs0NachUtf8(acht, 0), "");
@@ -73,7 +80,7 @@ TEST(Udf, NamenAusOstaUnicode) {
 
 // Sectors in memory; a read of a sector in `defekt` fails as the drive would.
 class SpeicherQuelle : public SektorQuelle {
-public:
+  public:
     std::map<std::uint64_t, std::string> sektorDaten;
     std::uint64_t anzahl = 600;
     std::uint64_t defekt = ~0ull;

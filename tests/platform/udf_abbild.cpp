@@ -19,7 +19,9 @@ namespace {
 
 using test::BaumDatei;
 
-std::string u8s(const char8_t* s) { return reinterpret_cast<const char*>(s); }
+std::string u8s(const char8_t* s) {
+    return reinterpret_cast<const char*>(s);
+}
 
 std::string muster(std::size_t n, unsigned saat) {
     std::string s(n, '\0');
@@ -61,13 +63,14 @@ long sektorMitTag(const std::string& bytes, int id, std::size_t ab = 0) {
         for (int i = 0; i < 16; ++i) {
             if (i != 4) summe = static_cast<unsigned char>(summe + p[i]);
         }
-        if ((p[0] | (p[1] << 8)) == id && summe == p[4] && (p[0] | p[1])) return static_cast<long>(off);
+        if ((p[0] | (p[1] << 8)) == id && summe == p[4] && (p[0] | p[1]))
+            return static_cast<long>(off);
     }
     return -1;
 }
 
 class UdfAbbild : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         if (!test::abbildWerkzeugeDa()) GTEST_SKIP() << "genisoimage oder udfinfo fehlt";
     }
@@ -86,7 +89,8 @@ protected:
 TEST_F(UdfAbbild, NameSeriennummerUndGroesseWieUdfinfoAuchVersteckt) {
     const auto baum = dvdBaum();
     int nr = 0;
-    for (const std::string& name : {u8s(u8"MEIN FILM"), u8s(u8"Größe der Welt"), u8s(u8"Ωmega € 2")}) {
+    for (const std::string& name :
+         {u8s(u8"MEIN FILM"), u8s(u8"Größe der Welt"), u8s(u8"Ωmega € 2")}) {
         const std::string abbild = baue(baum, name, true, "dvd" + std::to_string(++nr) + ".iso");
         const auto info = test::udfinfo(abbild);
         ASSERT_FALSE(info.empty());
@@ -230,8 +234,8 @@ TEST_F(UdfAbbild, BeschaedigteDeskriptorenGebenFehler) {
 TEST_F(UdfAbbild, AbgeschnitteneAbbilder) {
     const std::string abbild = baue(dvdBaum());
     const std::string heil = test::leseDatei(abbild);
-    const std::size_t laengen[] = {0, 1000, 16 * 2048 + 5, 100 * 2048, 256 * 2048,
-                                   257 * 2048, heil.size() / 2, heil.size() - 2048};
+    const std::size_t laengen[] = {0,          1000,       16 * 2048 + 5,   100 * 2048,
+                                   256 * 2048, 257 * 2048, heil.size() / 2, heil.size() - 2048};
     for (std::size_t n : laengen) {
         test::schreibeDatei(abbild, heil.substr(0, n));
         VolumenFakten f;

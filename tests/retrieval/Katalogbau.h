@@ -95,7 +95,9 @@ inline std::vector<long> treffer(Datenbank& db, std::vector<Zeile> zeilen,
 }
 
 // "typ:id " of a watch-list element.
-inline std::string el(int typ, long id) { return std::to_string(typ) + ":" + std::to_string(id) + " "; }
+inline std::string el(int typ, long id) {
+    return std::to_string(typ) + ":" + std::to_string(id) + " ";
+}
 // The elements in order.
 inline std::string folge(const std::vector<VormerkElement>& v) {
     std::string s;

@@ -130,7 +130,7 @@ TEST(Filter, AktiveFilterUndIhreEinstellungen) {
     FilterFall f;
     EXPECT_EQ(f.fv.aktiv(ExportArt::BoxDatei), nullptr);  // no setting stored
     std::uint32_t wert = 0;
-    EXPECT_FALSE(f.einstellungen.getFilter(wert));        // and nothing written
+    EXPECT_FALSE(f.einstellungen.getFilter(wert));  // and nothing written
     const long id = f.fv.neu("Box");
     f.fv.setzeEintrag(id, 5, 1, "extern");
     EXPECT_TRUE(f.fv.setzeAktiv(ExportArt::BoxDatei, id));
@@ -233,7 +233,8 @@ struct ExportFall : FilterFall {
 
 TEST(FilterExport, BoxDateiSchreibtUebersetzteNamen) {
     ExportFall f;
-    const std::string eigen = "Amaray;Poster;DVD-9;Poster;16:9;Krimi;Deutsch;Deutsch;DTS;1#1;Darsteller;";
+    const std::string eigen =
+        "Amaray;Poster;DVD-9;Poster;16:9;Krimi;Deutsch;Deutsch;DTS;1#1;Darsteller;";
     EXPECT_EQ(f.boxNamen(nullptr), eigen);
     const long leer = f.fv.neu("Leer");
     FilterBesitz leerer = f.fv.lade(leer);
@@ -242,7 +243,8 @@ TEST(FilterExport, BoxDateiSchreibtUebersetzteNamen) {
     FilterBesitz alle = f.fv.lade(f.alleUebersetzen());
     FilterUebersetzer u(alle.get());
     EXPECT_EQ(f.boxNamen(&u),
-              "Keepcase;Poster (EN);DVD dual layer;Poster (EN);Widescreen;Crime;German;German;DTS 5.1;1#1;Actor;");
+              "Keepcase;Poster (EN);DVD dual layer;Poster (EN);Widescreen;Crime;German;German;DTS "
+              "5.1;1#1;Actor;");
 }
 
 TEST(FilterExport, XmlNimmtDenXmlFilter) {
@@ -253,10 +255,11 @@ TEST(FilterExport, XmlNimmtDenXmlFilter) {
     EXPECT_EQ(f.xml(), ohne);  // the box file's filter does not touch the XML
     f.fv.setzeAktiv(ExportArt::Xml, id);
     const std::string mit = f.xml();
-    for (const char* name : {"Verpackungstyp=\"Keepcase\"", "<Extra>Poster (EN)</Extra>", "Format=\"DVD dual layer\"",
-                             "<Bildformat>Widescreen</Bildformat>", "<Genre>Crime</Genre>",
-                             "<Sprache Tonformat=\"DTS 5.1\">German</Sprache>", "<Untertitel>German</Untertitel>",
-                             "<Funktion>Actor</Funktion>"})
+    for (const char* name :
+         {"Verpackungstyp=\"Keepcase\"", "<Extra>Poster (EN)</Extra>", "Format=\"DVD dual layer\"",
+          "<Bildformat>Widescreen</Bildformat>", "<Genre>Crime</Genre>",
+          "<Sprache Tonformat=\"DTS 5.1\">German</Sprache>", "<Untertitel>German</Untertitel>",
+          "<Funktion>Actor</Funktion>"})
         EXPECT_NE(mit.find(name), std::string::npos) << name;
     EXPECT_EQ(mit.find("Krimi"), std::string::npos);
 }

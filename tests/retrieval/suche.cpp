@@ -128,7 +128,8 @@ TEST_F(SucheTest, BoxsucheMitPaarenWieUnd) {
 }
 
 TEST_F(SucheTest, DvdsuchenUndGruende) {
-    Suchergebnis e = ergebnis(*db, {{2, 3, kOpGroesserGleich, 2, "6"}, {2, 2, kOpGleich, 2, "2005"}});
+    Suchergebnis e =
+        ergebnis(*db, {{2, 3, kOpGroesserGleich, 2, "6"}, {2, 2, kOpGleich, 2, "2005"}});
     ASSERT_EQ(e.anzahl(), 1u);
     EXPECT_EQ(e.kopf()->dvdId, dramaDvd);
     EXPECT_EQ(e.kopf()->reason, "RC: 2,3 <6> Jahr: <2005> ");

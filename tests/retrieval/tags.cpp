@@ -80,8 +80,8 @@ TEST_F(TagTest, TagsucheNachArtUndOhneGrossKlein) {
 TEST_F(TagTest, FremdeDateienImTagOrdner) {
     ASSERT_TRUE(tags.schreibe(kObjektFilm, f1, {"echt"}));
     const std::string o = ordner.tags;
-    for (const char* n : {"notizen.txt", "3_abc.txt", "4_1.txt", "0_1.txt", "3_-5.txt", "3_0012.txt",
-                          "3_7.txt.tmp", "3_8.TXT"})
+    for (const char* n : {"notizen.txt", "3_abc.txt", "4_1.txt", "0_1.txt", "3_-5.txt",
+                          "3_0012.txt", "3_7.txt.tmp", "3_8.TXT"})
         schreibeDatei(o + n, "echt\n");
     std::filesystem::create_directory(o + "3_9.txt");
     EXPECT_EQ(suche("echt", 0), "3_" + std::to_string(f1) + ":echt ");

@@ -20,20 +20,23 @@ using test::TestServer;
 std::string kvt(const std::string& text, std::uint32_t laenge) {
     uLongf n = compressBound(static_cast<uLong>(text.size()));
     std::string gepackt(n, '\0');
-    compress(reinterpret_cast<Bytef*>(gepackt.data()), &n, reinterpret_cast<const Bytef*>(text.data()),
-             static_cast<uLong>(text.size()));
+    compress(reinterpret_cast<Bytef*>(gepackt.data()), &n,
+             reinterpret_cast<const Bytef*>(text.data()), static_cast<uLong>(text.size()));
     gepackt.resize(n);
     std::string d = "KVT\x01\x02";
     for (int i = 0; i < 4; ++i) d += static_cast<char>((laenge >> (8 * i)) & 0xFF);
     return d + gepackt;
 }
-std::string kvt(const std::string& text) { return kvt(text, static_cast<std::uint32_t>(text.size())); }
+std::string kvt(const std::string& text) {
+    return kvt(text, static_cast<std::uint32_t>(text.size()));
+}
 
 // Reads in the working folder fail for one file name (the download itself works).
 class LesesperreDateisystem : public test::FehlerDateisystem {
-public:
+  public:
     std::string gesperrt;
-    std::unique_ptr<Datei> oeffne(const std::string& pfad, OeffnenModus modus, int* fehler) override {
+    std::unique_ptr<Datei> oeffne(const std::string& pfad, OeffnenModus modus,
+                                  int* fehler) override {
         if (modus == OeffnenModus::Lesen && !gesperrt.empty() && pfad.size() >= gesperrt.size() &&
             pfad.compare(pfad.size() - gesperrt.size(), gesperrt.size(), gesperrt) == 0)
             return nullptr;
@@ -42,7 +45,7 @@ public:
 };
 
 class WebImportTest : public ::testing::Test {
-protected:
+  protected:
     WebImportTest() : server(srv.pfad()), wi(fs, benutzer, arbeit / "Updates/") {
         wi.grenzen.verbindenSekunden = 2;
         wi.grenzen.stillstandSekunden = 1;
@@ -90,7 +93,9 @@ using Texte = std::vector<std::string>;
 
 TEST_F(WebImportTest, FindetWaehltUndLaedt) {
     links("# Import-Datenbanken\n1;db1/;\n2;db2\\;\n");
-    index("db1/", "# EAN;SN;Low;High;Titel\n4001;1;2;3;\"Alien\";\n4002;0;0;0;\"Aliens; Die Rückkehr\";\r\n");
+    index(
+        "db1/",
+        "# EAN;SN;Low;High;Titel\n4001;1;2;3;\"Alien\";\n4002;0;0;0;\"Aliens; Die Rückkehr\";\r\n");
     index("db2/", "5001;7;8;9;\"Heat\";\n");
     box("db1/", "4002");
     benutzer.auswahlen.push_back({1});
@@ -114,10 +119,13 @@ TEST_F(WebImportTest, FindetWaehltUndLaedt) {
     // The index is kept unpacked; the packed file is gone.
     EXPECT_EQ(test::leseDatei(arbeit / "Updates/ImpDB.ini"), "5001;7;8;9;\"Heat\";\n");
     EXPECT_FALSE(test::gibtEs(arbeit / "Updates/ImpDB.kvt"));
-    EXPECT_EQ(server.anfragen(), (Texte{"links.ini", "db1/ImpDB.kvt", "db2/ImpDB.kvt", "db1/4002.box"}));
+    EXPECT_EQ(server.anfragen(),
+              (Texte{"links.ini", "db1/ImpDB.kvt", "db2/ImpDB.kvt", "db1/4002.box"}));
 
     int importiert = 0;
-    EXPECT_EQ(importiereWebDateien(e, [&](const std::string& p) { return p == e.dateien[0] && ++importiert; }), 1);
+    EXPECT_EQ(importiereWebDateien(
+                  e, [&](const std::string& p) { return p == e.dateien[0] && ++importiert; }),
+              1);
 }
 
 TEST_F(WebImportTest, NichtsGefundenUndLeereLinkliste) {
@@ -146,7 +154,8 @@ TEST_F(WebImportTest, FehlercodesMitIhrenMeldungen) {
 
     // -3: the index of a link is missing
     EXPECT_EQ(titel("x").code, kWebIndexFehlt);
-    EXPECT_EQ(meldungen(), (Texte{"Error: HTTP 404", "<Import-URL> <Delegation> <Fehlerhafter Link>"}));
+    EXPECT_EQ(meldungen(),
+              (Texte{"Error: HTTP 404", "<Import-URL> <Delegation> <Fehlerhafter Link>"}));
 
     // -5: a chosen box file is missing; the one fetched before it stays
     index("db1/", "4001;1;2;3;\"Alien\";\n4002;1;2;3;\"Aliens\";\n");
@@ -164,11 +173,11 @@ TEST_F(WebImportTest, KaputteIndexeGebenMinusVier) {
     echtesDateisystem().erzeugeOrdner(srv / "db1/");
     const std::string gut = kvt("4001;1;2;3;\"Alien\";\n");
     const std::string faelle[] = {
-        "XYZ" + gut.substr(3),                           // wrong magic
-        kvt("4001;1;2;3;\"Alien\";\n", 0xFFFFFFFFu),     // a length far beyond the cap
-        kvt("4001;1;2;3;\"Alien\";\n", 5),               // too short for the stream
-        gut.substr(0, gut.size() - 6),                   // the stream cut short
-        "KVT",                                           // no header
+        "XYZ" + gut.substr(3),                        // wrong magic
+        kvt("4001;1;2;3;\"Alien\";\n", 0xFFFFFFFFu),  // a length far beyond the cap
+        kvt("4001;1;2;3;\"Alien\";\n", 5),            // too short for the stream
+        gut.substr(0, gut.size() - 6),                // the stream cut short
+        "KVT",                                        // no header
     };
     for (const std::string& f : faelle) {
         test::schreibeDatei(srv / "db1/ImpDB.kvt", f);
@@ -183,7 +192,8 @@ TEST_F(WebImportTest, KaputteIndexeGebenMinusVier) {
 
 TEST_F(WebImportTest, TitelsucheEndetBeiFuenfhundertTreffern) {
     std::string text;
-    for (int i = 0; i < 600; ++i) text += std::to_string(100000 + i) + ";0;0;0;\"Film " + std::to_string(i) + "\";\n";
+    for (int i = 0; i < 600; ++i)
+        text += std::to_string(100000 + i) + ";0;0;0;\"Film " + std::to_string(i) + "\";\n";
     links("1;db1/;\n2;db2/;\n");
     index("db1/", text);
     index("db2/", "9;0;0;0;\"Film X\";\n");
@@ -233,7 +243,9 @@ TEST_F(WebImportTest, DiscSucheVergleichtAlleDreiZahlenUndTitelNurEinmal) {
 }
 
 TEST_F(WebImportTest, FeindlicheDatenBleibenImArbeitsordner) {
-    links("1;/abs/;\n2;../../oben/;\n3;http://anderer.example/;\n4;C:\\x\\;\n5;a/../../b/;\nkaputt\n6;db1/;\n");
+    links(
+        "1;/abs/;\n2;../../oben/;\n3;http://anderer.example/;\n4;C:\\x\\;\n5;a/../../b/"
+        ";\nkaputt\n6;db1/;\n");
     index("db1/",
           "../../x;0;0;0;\"Weg\";\n/etc/passwd;0;0;0;\"Weg\";\na/b;0;0;0;\"Weg\";\n"
           "12345678901234567;0;0;0;\"Weg\";\n4001;0;0;0;\"Gut\";\n4002;0;0;\"Weg\";\n"

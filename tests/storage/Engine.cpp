@@ -13,7 +13,7 @@ namespace {
 constexpr unsigned G = Tabelle1::kGroesse;
 
 class Engine : public ::testing::Test {
-protected:
+  protected:
     Umgebung env;
     Tabelle1 genre{env.u, "Genre"};
 
@@ -183,9 +183,8 @@ TEST_F(Engine, ScansReturnLiveRecordsInIdOrder) {
     genre.remove(4, false);
     EXPECT_EQ(ids(genre.alle().get()), (std::vector<long>{2, 3, 5}));
     std::vector<std::string> gesehen;
-    EXPECT_TRUE(genre.scanne([&](const Tabelle1::Zeile& z) {
-        gesehen.push_back(std::to_string(z.Id) + z.cpText);
-    }));
+    EXPECT_TRUE(genre.scanne(
+        [&](const Tabelle1::Zeile& z) { gesehen.push_back(std::to_string(z.Id) + z.cpText); }));
     EXPECT_EQ(gesehen, (std::vector<std::string>{"2Krimi", "3Western", "5Musical"}));
 }
 

@@ -15,7 +15,7 @@ namespace {
 constexpr unsigned G = Tabelle1::kGroesse;
 
 class Fehler : public ::testing::Test {
-protected:
+  protected:
     FehlerDateisystem fs;
     Umgebung env{fs, kTraceTabelle};
     Tabelle1 t{env.u, "Genre"};
@@ -137,7 +137,8 @@ TEST_F(Fehler, SlotUsedByAnotherTableObjectIsNotOverwritten) {
     ASSERT_EQ(andere.insert("fremd"), 2);
     // t still lists slot 2 as free; its insert must not destroy the other's record.
     EXPECT_EQ(t.insert("meins"), 6);
-    EXPECT_EQ(texte(), (std::vector<std::string>{"eins", "fremd", "drei", "vier", "fuenf", "meins"}));
+    EXPECT_EQ(texte(),
+              (std::vector<std::string>{"eins", "fremd", "drei", "vier", "fuenf", "meins"}));
 }
 
 // Garbage in every record class: a whole number of records of random bytes plus

@@ -13,7 +13,7 @@ namespace dv::test {
 namespace {
 
 class KatalogTest : public ::testing::Test {
-protected:
+  protected:
     Umgebung env{echtesDateisystem(), kTraceTabelle};
 
     std::map<std::string, std::string> alleDateien(Katalog& k) {
@@ -38,12 +38,14 @@ TEST_F(KatalogTest, ThirtyTwoTablesWithTheirFileNames) {
         EXPECT_EQ(t->pfad(), env.u.datenOrdner + t->name() + ".dat");
     }
     EXPECT_EQ(namen.size(), 32u);
-    for (const char* n : {"Alias", "Bildformate", "Extras", "FilterName", "Formate", "Funktion",
-                          "Genre", "Sprachen", "Tonformate", "Verpackung", "VormerkName", "Box",
-                          "DVD", "Film", "Titel", "Person", "TagStempel", "Filter", "DatenVersion",
-                          "Box_Extras", "DVD_Box", "DVD_Extras", "DVD_Film", "Film_Alias",
-                          "Film_Bildformat", "Film_Fkt", "Film_Genre", "Film_Person",
-                          "Film_Sprachen", "Film_Untertitel", "Vormerk", "Vormerk2"})
+    for (const char* n :
+         {"Alias",       "Bildformate", "Extras",      "FilterName",    "Formate",
+          "Funktion",    "Genre",       "Sprachen",    "Tonformate",    "Verpackung",
+          "VormerkName", "Box",         "DVD",         "Film",          "Titel",
+          "Person",      "TagStempel",  "Filter",      "DatenVersion",  "Box_Extras",
+          "DVD_Box",     "DVD_Extras",  "DVD_Film",    "Film_Alias",    "Film_Bildformat",
+          "Film_Fkt",    "Film_Genre",  "Film_Person", "Film_Sprachen", "Film_Untertitel",
+          "Vormerk",     "Vormerk2"})
         EXPECT_TRUE(namen.count(n)) << n;
 }
 
@@ -79,9 +81,9 @@ TEST_F(KatalogTest, CreatingTwiceChangesNothing) {
         EXPECT_EQ(z.find("created"), std::string::npos) << z;
     }
     EXPECT_EQ(bereits, 32);
-    EXPECT_NE(std::find(zeilen.begin(), zeilen.end(),
-                        env.u.datenOrdner + "Box.dat existiert bereits."),
-              zeilen.end());
+    EXPECT_NE(
+        std::find(zeilen.begin(), zeilen.end(), env.u.datenOrdner + "Box.dat existiert bereits."),
+        zeilen.end());
     // The same object again, with its free slot list already built.
     EXPECT_TRUE(k.erzeugeDatenbank());
     EXPECT_EQ(funktionen(k), (std::vector<std::string>{"1:Darsteller", "2:Regie"}));

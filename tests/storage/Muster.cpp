@@ -13,7 +13,7 @@ namespace dv::test {
 namespace {
 
 class Wildcard : public ::testing::Test {
-protected:
+  protected:
     Umgebung env;
     Tabelle1 t{env.u, "Genre"};
 
@@ -72,8 +72,8 @@ TEST_F(Wildcard, WholeValueMatchWithStarQuestionMarkBlanksCaseAndIdKey) {
         {"a*", true, 3, {}},
     };
     for (const Fall& f : faelle) {
-        SCOPED_TRACE(std::string("[") + f.muster + "] gk " + std::to_string(f.grossKlein) +
-                     " id " + std::to_string(f.id));
+        SCOPED_TRACE(std::string("[") + f.muster + "] gk " + std::to_string(f.grossKlein) + " id " +
+                     std::to_string(f.id));
         EXPECT_EQ(treffer(f.muster, f.grossKlein, f.id), f.treffer);
     }
     // An empty example, "*" (the empty text too) and a negative id take everything.
@@ -103,9 +103,8 @@ TEST(MusterPasst, AgreesWithAPlainMatcherOnRandomInput) {
     };
     // The letters at both ends of the ASCII ranges and their neighbours, which
     // case folding must leave alone.
-    const std::pair<std::string, std::string> alphabete[] = {{"aAb*?", "aAbB"},
-                                                             {"aAzZ@[`{*?", "aAzZ@[`{"},
-                                                             {"aAbB*?\xe4 ", "aAbB\xe4 "}};
+    const std::pair<std::string, std::string> alphabete[] = {
+        {"aAb*?", "aAbB"}, {"aAzZ@[`{*?", "aAzZ@[`{"}, {"aAbB*?\xe4 ", "aAbB\xe4 "}};
     for (const auto& [musterZeichen, wertZeichen] : alphabete) {
         for (int i = 0; i < 20000; ++i) {
             const std::string m = erzeuge(musterZeichen, 7);
@@ -153,7 +152,6 @@ TEST(MusterPasst, TrimmingHelpers) {
     EXPECT_EQ(ohneRandLeer("    "), "");
     EXPECT_EQ(ohneEndLeer("  a  "), "  a");
 }
-
 
 }  // namespace
 }  // namespace dv::test

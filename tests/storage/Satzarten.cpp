@@ -12,7 +12,7 @@ namespace dv::test {
 namespace {
 
 class Satzarten : public ::testing::Test {
-protected:
+  protected:
     Umgebung env;
     Katalog k{env.u};
     void SetUp() override {
@@ -35,10 +35,10 @@ protected:
 
 TEST_F(Satzarten, RecordSizes) {
     const std::pair<Tabelle*, unsigned> faelle[] = {
-        {&k.Genre, 132},       {&k.DVD_Film, 14},  {&k.Film_Person, 18}, {&k.Titel, 75},
-        {&k.Film, 9},          {&k.Film_Sprachen, 18}, {&k.DVD_Box, 18}, {&k.Person, 134},
-        {&k.DVD, 90},          {&k.Film_Genre, 14}, {&k.TagStempel, 133}, {&k.Box, 92},
-        {&k.Filter, 141},      {&k.Vormerk, 16},   {&k.Vormerk2, 18},   {&k.DatenVersion, 28}};
+        {&k.Genre, 132},  {&k.DVD_Film, 14},      {&k.Film_Person, 18}, {&k.Titel, 75},
+        {&k.Film, 9},     {&k.Film_Sprachen, 18}, {&k.DVD_Box, 18},     {&k.Person, 134},
+        {&k.DVD, 90},     {&k.Film_Genre, 14},    {&k.TagStempel, 133}, {&k.Box, 92},
+        {&k.Filter, 141}, {&k.Vormerk, 16},       {&k.Vormerk2, 18},    {&k.DatenVersion, 28}};
     for (auto [t, groesse] : faelle) EXPECT_EQ(t->getRecordSize(), groesse) << t->name();
 }
 
@@ -62,10 +62,10 @@ TEST_F(Satzarten, LinkClassesAtTheEdgesOfTheirNumbers) {
     ASSERT_TRUE(k.DVD_Film.update(1, 1, 2, 9));
     pruefe(k.DVD_Film, 1, Satz(1).i32(1).i32(2).u16(9), 1, 2, 9);
     pruefe(k.Film_Genre, k.Film_Genre.insert(42, 7, 3), Satz(1).i32(42).i32(7).u16(3), 42, 7, 3);
-    pruefe(k.Film_Person, k.Film_Person.insert(1, 2, 3, 4), Satz(1).i32(1).i32(2).i32(3).u16(4),
-           1, 2, 3, 4);
-    pruefe(k.Film_Sprachen, k.Film_Sprachen.insert(5, 6, 7, 8),
-           Satz(1).i32(5).i32(6).i32(7).u16(8), 5, 6, 7, 8);
+    pruefe(k.Film_Person, k.Film_Person.insert(1, 2, 3, 4), Satz(1).i32(1).i32(2).i32(3).u16(4), 1,
+           2, 3, 4);
+    pruefe(k.Film_Sprachen, k.Film_Sprachen.insert(5, 6, 7, 8), Satz(1).i32(5).i32(6).i32(7).u16(8),
+           5, 6, 7, 8);
     pruefe(k.DVD_Box, k.DVD_Box.insert(9, 10, 11, 12), Satz(1).i32(9).i32(10).i32(11).u16(12), 9,
            10, 11, 12);
     ASSERT_TRUE(k.DVD_Box.update(1, 9, 10, 0, 2));
@@ -79,8 +79,7 @@ TEST_F(Satzarten, LinkClassesAtTheEdgesOfTheirNumbers) {
 TEST_F(Satzarten, TitleFilmAndStampTag) {
     const std::string t64(64, 'T'), s128(128, 'S');
     pruefe(k.Titel, k.Titel.insert(123, -2, t64.c_str(), 7),
-           Satz(1).i32(123).i8(-2).text(t64, 64).u16(7),
-           123, -2, t64, 7);
+           Satz(1).i32(123).i8(-2).text(t64, 64).u16(7), 123, -2, t64, 7);
     pruefe(k.Film, k.Film.insert(18, 142, 1999), Satz(1).i8(18).i16(142).i16(1999), 18, 142, 1999);
     ASSERT_TRUE(k.Film.update(1, 0, 90, 2007));
     pruefe(k.Film, 1, Satz(1).i8(0).i16(90).i16(2007), 0, 90, 2007);
@@ -115,16 +114,24 @@ TEST_F(Satzarten, DvdLayoutAndUnsignedFields) {
     d.BytesHigh = 0x00000001u;
     const std::string d64(64, 'D');
     auto bytes = [&](const std::string& text) {
-        return Satz(1).i16(2004).i8(2).i8(-128).text(text, 64).i32(3).n(0xFFFFFFFFu).i16(148)
-            .n(0x89ABCDEFu).n(1u);
+        return Satz(1)
+            .i16(2004)
+            .i8(2)
+            .i8(-128)
+            .text(text, 64)
+            .i32(3)
+            .n(0xFFFFFFFFu)
+            .i16(148)
+            .n(0x89ABCDEFu)
+            .n(1u);
     };
-    pruefe(k.DVD, k.DVD.insert(d), bytes(d64), 2004, 2, -128, d64, 3, 0xFFFFFFFFu, 148,
-           0x89ABCDEFu, 1u);
+    pruefe(k.DVD, k.DVD.insert(d), bytes(d64), 2004, 2, -128, d64, 3, 0xFFFFFFFFu, 148, 0x89ABCDEFu,
+           1u);
     d.cpText[0] = 'x';
     d.cpText[1] = '\0';
     EXPECT_TRUE(k.DVD.update(1, d));
-    pruefe(k.DVD, 1, bytes("x"), 2004, 2, -128, std::string("x"), 3, 0xFFFFFFFFu, 148,
-           0x89ABCDEFu, 1u);
+    pruefe(k.DVD, 1, bytes("x"), 2004, 2, -128, std::string("x"), 3, 0xFFFFFFFFu, 148, 0x89ABCDEFu,
+           1u);
 }
 
 TEST_F(Satzarten, BoxWithThirteenDigitEanAndFilter) {
@@ -136,8 +143,7 @@ TEST_F(Satzarten, BoxWithThirteenDigitEanAndFilter) {
            std::string("Pate"), 0, 0);
     const std::string e128(128, 'E');
     pruefe(k.Filter, k.Filter.insert(4, 9, -1, e128.c_str()),
-           Satz(1).i32(4).i8(9).i32(-1).text(e128, 128),
-           4, 9, -1, e128);
+           Satz(1).i32(4).i8(9).i32(-1).text(e128, 128), 4, 9, -1, e128);
 }
 
 TEST_F(Satzarten, WatchListIsReadOnlyThroughTheEngine) {

@@ -12,7 +12,7 @@ namespace {
 using V = std::vector<std::string>;
 
 class TraceZeilen : public ::testing::Test {
-protected:
+  protected:
     Umgebung env{echtesDateisystem(), kTraceTabelle | kTraceSpeicher};
 
     // Runs f on a fresh log and returns the lines it wrote.
@@ -46,11 +46,10 @@ TEST_F(TraceZeilen, Tabelle1FullCycle) {
                  "[malloc] p = [ADR] {Tabelle::newElement}", "<- selected <1, [Krimi]> from Genre",
                  "[free] p->pObjekt = [ADR] {Tabelle::delListe}",
                  "[free] p = [ADR] {Tabelle::delListe}"}));
-    EXPECT_EQ(nach([&] { t.eine(1); }),
-              (V{"[malloc] pNew = [ADR] {Tabelle1::select(Id)}",
-                 "[malloc] p = [ADR] {Tabelle::newElement}",
-                 "[free] p->pObjekt = [ADR] {Tabelle::delListe}",
-                 "[free] p = [ADR] {Tabelle::delListe}"}));
+    EXPECT_EQ(nach([&] { t.eine(1); }), (V{"[malloc] pNew = [ADR] {Tabelle1::select(Id)}",
+                                           "[malloc] p = [ADR] {Tabelle::newElement}",
+                                           "[free] p->pObjekt = [ADR] {Tabelle::delListe}",
+                                           "[free] p = [ADR] {Tabelle::delListe}"}));
     EXPECT_EQ(nach([&] { t.remove(1, true); }), (V{"deleted <1> from Genre", "init() \"Genre\""}));
     EXPECT_EQ(nach([&] { t.update(0, "Neu"); }), V{"inserted cpText [Neu] into Genre"});
 }
@@ -63,7 +62,8 @@ TEST_F(TraceZeilen, MemoryLinesNameTheRealAddresses) {
     ListenElement* n = t.select(1);
     ASSERT_NE(n, nullptr);
     char erwartet[2][80];
-    std::snprintf(erwartet[0], 80, "[malloc] pNew = [%08x] {Tabelle1::select(Id)}", adr(n->pObjekt));
+    std::snprintf(erwartet[0], 80, "[malloc] pNew = [%08x] {Tabelle1::select(Id)}",
+                  adr(n->pObjekt));
     std::snprintf(erwartet[1], 80, "[malloc] p = [%08x] {Tabelle::newElement}", adr(n));
     EXPECT_EQ(env.zeilen(false), (V{erwartet[0], erwartet[1]}));
     t.delListe(n);
@@ -80,7 +80,11 @@ TEST_F(TraceZeilen, MasksSelectTheirOwnLines) {
     EXPECT_EQ(nach([&] { t.alle(); }).size(), 4u);
     EXPECT_EQ(nach([&] { t.insert("b"); }), V{});
     env.protokoll.setzeMaske(0);
-    EXPECT_EQ(nach([&] { t.alle(); t.remove(1, true); }), V{});
+    EXPECT_EQ(nach([&] {
+                  t.alle();
+                  t.remove(1, true);
+              }),
+              V{});
 }
 
 TEST_F(TraceZeilen, LinkClasses) {
@@ -91,26 +95,39 @@ TEST_F(TraceZeilen, LinkClasses) {
               "inserted DVD_Id [3], Objekt1_Id [4], Pos [5] into Box_Extras");
     EXPECT_EQ(nach([&] { k.Box_Extras.update(1, 3, 4, 6); }),
               V{"updated <1, DVD_Id [3], Objekt1_Id [4], Pos [6]> from Box_Extras"});
-    EXPECT_EQ(nach([&] { k.Box_Extras.liste(Zeile2{0, 3, 0, 0}); }),
-              (V{"-> select <0, 3, 0> from Box_Extras", "<- selected <1, 3, 4, 6> from Box_Extras"}));
+    EXPECT_EQ(
+        nach([&] {
+            k.Box_Extras.liste(Zeile2{0, 3, 0, 0});
+        }),
+        (V{"-> select <0, 3, 0> from Box_Extras", "<- selected <1, 3, 4, 6> from Box_Extras"}));
     EXPECT_EQ(nach([&] { k.Film_Person.insert(1, 2, 3, 4); }).back(),
               "inserted Film_Id [1], Person_Id [2], Funktion [3], Pos [4] into Film_Person");
-    EXPECT_EQ(nach([&] { k.Film_Person.liste(Zeile3{0, 1, 2, 3, 0}); }),
+    EXPECT_EQ(nach([&] {
+                  k.Film_Person.liste(Zeile3{0, 1, 2, 3, 0});
+              }),
               V{"-> select <0, 1, 2, 3> from Film_Person"});
-    EXPECT_EQ(nach([&] { k.Film_Sprachen.insert(1, 2, 3, 4); }).back(),
-              "inserted Film_Id [1], Sprachen_Id [2], Tonformat_Id [3], Pos [4] into Film_Sprachen");
-    EXPECT_EQ(nach([&] { k.Film_Sprachen.liste(Zeile6{0, 1, 2, 3, 4}); }),
+    EXPECT_EQ(
+        nach([&] { k.Film_Sprachen.insert(1, 2, 3, 4); }).back(),
+        "inserted Film_Id [1], Sprachen_Id [2], Tonformat_Id [3], Pos [4] into Film_Sprachen");
+    EXPECT_EQ(nach([&] {
+                  k.Film_Sprachen.liste(Zeile6{0, 1, 2, 3, 4});
+              }),
               V{"-> select <0, 1, 2, 3, 4> from Film_Sprachen"});
     EXPECT_EQ(nach([&] { k.DVD_Box.insert(1, 2, 3, 4); }).back(),
               "inserted Box_Id [1], DVD_Id [2], Sammelbox_Id [3], Pos [4] into DVD_Box");
     EXPECT_EQ(nach([&] { k.DVD_Box.update(1, 1, 2, 0, 5); }),
               V{"updated <1, Box_Id [1], DVD_Id [2], Sammelbox_Id [0], Pos [5]> from DVD_Box"});
-    EXPECT_EQ(nach([&] { k.DVD_Box.liste(Zeile7{0, 1, 0, 0, 0}); }),
+    EXPECT_EQ(nach([&] {
+                  k.DVD_Box.liste(Zeile7{0, 1, 0, 0, 0});
+              }),
               V{"-> select <0, 1, 0, 0, 0> from DVD_Box"});
     EXPECT_EQ(nach([&] { k.Film_Genre.insert(8, 9, 1); }).back(),
               "inserted Film_Id [8], Objekt1_Id [9], Pos [1] into Film_Genre");
-    EXPECT_EQ(nach([&] { k.Film_Genre.liste(Zeile2{0, 8, 0, 0}); }),
-              (V{"-> select <0, 8, 0> from Film_Genre", "<- selected <1, 8, 9, 1> from Film_Genre"}));
+    EXPECT_EQ(
+        nach([&] {
+            k.Film_Genre.liste(Zeile2{0, 8, 0, 0});
+        }),
+        (V{"-> select <0, 8, 0> from Film_Genre", "<- selected <1, 8, 9, 1> from Film_Genre"}));
 }
 
 TEST_F(TraceZeilen, ObjectClasses) {
@@ -121,14 +138,16 @@ TEST_F(TraceZeilen, ObjectClasses) {
               "inserted Fremd_Id [5], Typ [1], cpTitel [Alien], Pos [2] into Titel");
     Zeile4 t4{};
     t4.Fremd_Id = 5;
-    EXPECT_EQ(nach([&] { k.Titel.liste(t4); }),
-              (V{"-> select <0, 5, 0, , 0> from Titel", "<- selected <1, 5, 1, Alien, 2> from Titel"}));
+    EXPECT_EQ(nach([&] { k.Titel.liste(t4); }), (V{"-> select <0, 5, 0, , 0> from Titel",
+                                                   "<- selected <1, 5, 1, Alien, 2> from Titel"}));
     // The stray comma before "into" belongs to the wording.
     EXPECT_EQ(nach([&] { k.Film.insert(16, 117, 1979); }).back(),
               "inserted FSK [16], Laenge [117], Jahr [1979], into Film");
     EXPECT_EQ(nach([&] { k.Film.update(1, 18, 117, 1979); }),
               V{"updated <1, FSK [18], Laenge [117], Jahr [1979]> from Film"});
-    EXPECT_EQ(nach([&] { k.Film.liste(Zeile5{0, 18, 0, 0}); }),
+    EXPECT_EQ(nach([&] {
+                  k.Film.liste(Zeile5{0, 18, 0, 0});
+              }),
               (V{"-> select <0, 18, 0, 0> from Film", "<- selected <1, 18, 117, 1979> from Film"}));
     // "Instanz[" without a blank belongs to the wording too.
     EXPECT_EQ(nach([&] { k.Person.insert(1, "Scott", "Ridley"); }).back(),
@@ -137,24 +156,34 @@ TEST_F(TraceZeilen, ObjectClasses) {
               V{"updated <1, Instanz [2], cpName [Scott], cpVorname [Tony]> from Person"});
     Zeile8 p{};
     std::strcpy(p.cpName, "Sc*");
-    EXPECT_EQ(nach([&] { k.Person.liste(p); }),
-              (V{"-> select <0, 0, Sc*, > from Person", "<- selected <1, 2, Scott, Tony> from Person"}));
+    EXPECT_EQ(nach([&] { k.Person.liste(p); }), (V{"-> select <0, 0, Sc*, > from Person",
+                                                   "<- selected <1, 2, Scott, Tony> from Person"}));
     EXPECT_EQ(nach([&] { k.TagStempel.insert(3, "gesehen"); }).back(),
               "inserted Typ [3], cpText [gesehen] into TagStempel");
     EXPECT_EQ(nach([&] { k.TagStempel.update(1, 4, "neu"); }),
               V{"updated <1, Typ [4], cpText [neu]> from TagStempel"});
-    EXPECT_EQ(nach([&] { k.TagStempel.liste(Zeile11{0, 4, ""}); }),
+    EXPECT_EQ(nach([&] {
+                  k.TagStempel.liste(Zeile11{0, 4, ""});
+              }),
               (V{"-> select <0, 4, > from TagStempel", "<- selected <1, 4, neu> from TagStempel"}));
     EXPECT_EQ(nach([&] { k.Box.insert("4011846012345", "Alien", 1, 2); }).back(),
-              "inserted cpEAN [4011846012345], cpText [Alien], Verpackungs_Id [1], Zusatz_Id [2] into Box");
-    EXPECT_EQ(nach([&] { k.Box.update(1, "401", "Aliens", 1, 0); }),
-              V{"updated <1, cpEAN [401], cpText [Aliens], Verpackungs_Id [1], Zusatz_Id [0]> from Box"});
-    EXPECT_EQ(nach([&] { k.Box.liste(Zeile12{0, "401", "", 0, 0}); }),
-              (V{"-> select <0, 401, , 0, 0> from Box", "<- selected <1, 401, Aliens, 1, 0> from Box"}));
+              "inserted cpEAN [4011846012345], cpText [Alien], Verpackungs_Id [1], Zusatz_Id [2] "
+              "into Box");
+    EXPECT_EQ(
+        nach([&] { k.Box.update(1, "401", "Aliens", 1, 0); }),
+        V{"updated <1, cpEAN [401], cpText [Aliens], Verpackungs_Id [1], Zusatz_Id [0]> from Box"});
+    EXPECT_EQ(
+        nach([&] {
+            k.Box.liste(Zeile12{0, "401", "", 0, 0});
+        }),
+        (V{"-> select <0, 401, , 0, 0> from Box", "<- selected <1, 401, Aliens, 1, 0> from Box"}));
     EXPECT_EQ(nach([&] { k.Filter.insert(1, 7, 12, "Horror"); }).back(),
               "inserted lFilterId [1], Typ [7], lIntern [12], cpExtern [Horror] into Filter");
-    EXPECT_EQ(nach([&] { k.Filter.liste(Zeile13{0, 1, 0, 0, ""}); }),
-              (V{"-> select <0, 1, 0, 0, > from Filter", "<- selected <1, 1, 7, 12, Horror> from Filter"}));
+    EXPECT_EQ(nach([&] {
+                  k.Filter.liste(Zeile13{0, 1, 0, 0, ""});
+              }),
+              (V{"-> select <0, 1, 0, 0, > from Filter",
+                 "<- selected <1, 1, 7, 12, Horror> from Filter"}));
 }
 
 TEST_F(TraceZeilen, DvdRecordPrintsUnsignedFields) {
@@ -181,7 +210,8 @@ TEST_F(TraceZeilen, DvdRecordPrintsUnsignedFields) {
     const V z = nach([&] { t.liste(b); });
     EXPECT_EQ(z[0], "-> select <0, 2004, 0, 0, , 0, 0, 0, 0, 0> from DVD");
     EXPECT_EQ(z[1], "[malloc] pNew = [ADR] {Tabelle9::select(obj) [hint:[]]}");
-    EXPECT_EQ(z[3], "<- selected <1, 2004, 2, 5, Disc 1, 3, 4294967295, 148, 4000000000, 1> from DVD");
+    EXPECT_EQ(z[3],
+              "<- selected <1, 2004, 2, 5, Disc 1, 3, 4294967295, 148, 4000000000, 1> from DVD");
 }
 
 TEST_F(TraceZeilen, WatchListClassesAndTheirMemoryLines) {
@@ -193,17 +223,24 @@ TEST_F(TraceZeilen, WatchListClassesAndTheirMemoryLines) {
     const std::int32_t w[4] = {static_cast<std::int32_t>(0x80000001u), 7, 8, 9};
     std::memcpy(f.data(), w, 16);
     schreibeDatei(v.pfad(), f);
-    EXPECT_EQ(nach([&] { v.liste(Zeile14{0, 7, 0, 0}); }),
-              (V{"-> select <0, 7, 0, 0> from Vormerk",
-                 "[malloc] pNew = [ADR] {Tabelle14::select(obj) [hint:[]]}",
-                 "[malloc] p = [ADR] {Tabelle::newElement}", "<- selected <1, 7, 8, 9> from Vormerk",
-                 "[free] p->pObjekt = [ADR] {Tabelle::delListe}",
-                 "[free] p = [ADR] {Tabelle::delListe}"}));
+    EXPECT_EQ(
+        nach([&] {
+            v.liste(Zeile14{0, 7, 0, 0});
+        }),
+        (V{"-> select <0, 7, 0, 0> from Vormerk",
+           "[malloc] pNew = [ADR] {Tabelle14::select(obj) [hint:[]]}",
+           "[malloc] p = [ADR] {Tabelle::newElement}", "<- selected <1, 7, 8, 9> from Vormerk",
+           "[free] p->pObjekt = [ADR] {Tabelle::delListe}",
+           "[free] p = [ADR] {Tabelle::delListe}"}));
     EXPECT_EQ(nach([&] { v2.insert(2, 3, 44, 1); }).back(),
               "inserted Vormerk_Id [2], Objekt_Typ [3], Objekt_Id [44], Pos [1] into Vormerk2");
-    EXPECT_EQ(nach([&] { v2.liste(Zeile15{0, 2, 0, 0, 0}); })[3],
+    EXPECT_EQ(nach([&] {
+                  v2.liste(Zeile15{0, 2, 0, 0, 0});
+              })[3],
               "<- selected <1, 2, 3, 44, 1> from Vormerk2");
-    EXPECT_EQ(nach([&] { v2.liste(Zeile15{0, 2, 3, 0, 0}); })[0],
+    EXPECT_EQ(nach([&] {
+                  v2.liste(Zeile15{0, 2, 3, 0, 0});
+              })[0],
               "-> select <0, 2, 3, 0> from Vormerk2");
     // The select by id of Tabelle15 names Tabelle14; the select by example its own class.
     EXPECT_EQ(nach([&] { v2.eine(1); })[0], "[malloc] pNew = [ADR] {Tabelle14::select(Id)}");
@@ -230,10 +267,10 @@ TEST_F(TraceZeilen, EveryClassNamesItselfInTheMemoryLines) {
     k.Filter.insert(1, 1, 1, "x");
     k.Vormerk2.insert(1, 1, 1, 1);
     const std::pair<Tabelle*, const char*> faelle[] = {
-        {&k.Genre, "Tabelle1"},       {&k.DVD_Film, "Tabelle2"}, {&k.Film_Person, "Tabelle3"},
-        {&k.Titel, "Tabelle4"},       {&k.Film, "Tabelle5"},     {&k.Film_Sprachen, "Tabelle6"},
-        {&k.DVD_Box, "Tabelle7"},     {&k.Person, "Tabelle8"},   {&k.DVD, "Tabelle9"},
-        {&k.Film_Fkt, "Tabelle10"},   {&k.TagStempel, "Tabelle11"}, {&k.Box, "Tabelle12"},
+        {&k.Genre, "Tabelle1"},     {&k.DVD_Film, "Tabelle2"},    {&k.Film_Person, "Tabelle3"},
+        {&k.Titel, "Tabelle4"},     {&k.Film, "Tabelle5"},        {&k.Film_Sprachen, "Tabelle6"},
+        {&k.DVD_Box, "Tabelle7"},   {&k.Person, "Tabelle8"},      {&k.DVD, "Tabelle9"},
+        {&k.Film_Fkt, "Tabelle10"}, {&k.TagStempel, "Tabelle11"}, {&k.Box, "Tabelle12"},
         {&k.Filter, "Tabelle13"},
     };
     env.protokoll.setzeMaske(kTraceSpeicher);

@@ -40,7 +40,9 @@ struct Umgebung {
     }
     void leereLog() const { schreibeDatei(protokoll.logPfad(), ""); }
 
-    std::string datei(const std::string& tabelle) const { return leseDatei(daten / (tabelle + ".dat")); }
+    std::string datei(const std::string& tabelle) const {
+        return leseDatei(daten / (tabelle + ".dat"));
+    }
 
     TempOrdner daten;
     TempOrdner log;
@@ -85,7 +87,8 @@ struct Satz {
 // The ids of a result list, in list order.
 inline std::vector<long> ids(const ListenElement* kopf) {
     std::vector<long> out;
-    for (; kopf; kopf = kopf->pNext) out.push_back(*static_cast<const std::int32_t*>(kopf->pObjekt));
+    for (; kopf; kopf = kopf->pNext)
+        out.push_back(*static_cast<const std::int32_t*>(kopf->pObjekt));
     return out;
 }
 

@@ -36,15 +36,22 @@ std::vector<int> FakeBenutzer::waehle(const std::string& titel, const std::strin
     return nimm(auswahlen, std::vector<int>{});
 }
 
-bool FakeBenutzer::info(const std::string&, const std::vector<std::pair<std::string, std::string>>&) {
+bool FakeBenutzer::info(const std::string&,
+                        const std::vector<std::pair<std::string, std::string>>&) {
     return nimm(infoAntworten, true);
 }
 
-void FakeBenutzer::zeigeText(const std::string&, const std::string& text) { texte.push_back(text); }
+void FakeBenutzer::zeigeText(const std::string&, const std::string& text) {
+    texte.push_back(text);
+}
 
-void FakeBenutzer::fortschritt(const std::string& text, int, int) { fortschritte.push_back(text); }
+void FakeBenutzer::fortschritt(const std::string& text, int, int) {
+    fortschritte.push_back(text);
+}
 
-bool FakeBenutzer::unterbrechen() { return nimm(unterbrechungen, false); }
+bool FakeBenutzer::unterbrechen() {
+    return nimm(unterbrechungen, false);
+}
 
 bool FakeBenutzer::zwischenablage(const std::string& text) {
     ablage.push_back(text);

@@ -17,12 +17,12 @@ struct Gezeigt {
 };
 
 class FakeBenutzer : public Benutzer {
-public:
-    std::deque<bool> antworten;                  // for frage()
-    std::deque<ObjektAntwort> objektAntworten;   // for objektBestaetigen()
-    std::deque<std::vector<int>> auswahlen;      // for waehle()
-    std::deque<bool> infoAntworten;              // for info()
-    std::deque<bool> unterbrechungen;            // for unterbrechen()
+  public:
+    std::deque<bool> antworten;                 // for frage()
+    std::deque<ObjektAntwort> objektAntworten;  // for objektBestaetigen()
+    std::deque<std::vector<int>> auswahlen;     // for waehle()
+    std::deque<bool> infoAntworten;             // for info()
+    std::deque<bool> unterbrechungen;           // for unterbrechen()
 
     std::vector<Gezeigt> fragen;
     std::vector<Gezeigt> meldungen;

@@ -6,7 +6,7 @@ namespace dv::test {
 namespace {
 
 class FehlerDatei : public Datei {
-public:
+  public:
     FehlerDatei(std::unique_ptr<Datei> innen, FehlerDateisystem& fs)
         : innen_(std::move(innen)), fs_(fs) {}
     std::int64_t laenge() override { return innen_->laenge(); }
@@ -29,7 +29,7 @@ public:
     }
     bool kuerze(std::int64_t l) override { return innen_->kuerze(l); }
 
-private:
+  private:
     std::unique_ptr<Datei> innen_;
     FehlerDateisystem& fs_;
 };
@@ -55,7 +55,9 @@ std::unique_ptr<Datei> FehlerDateisystem::oeffne(const std::string& pfad, Oeffne
 bool FehlerDateisystem::erzeugeOrdner(const std::string& p) {
     return !gesperrt(p) && echt().erzeugeOrdner(p);
 }
-bool FehlerDateisystem::loesche(const std::string& p) { return !gesperrt(p) && echt().loesche(p); }
+bool FehlerDateisystem::loesche(const std::string& p) {
+    return !gesperrt(p) && echt().loesche(p);
+}
 bool FehlerDateisystem::kopiere(const std::string& von, const std::string& nach) {
     if (gesperrt(von) || gesperrt(nach) || naechsterSchreibvorgangScheitert()) return false;
     return echt().kopiere(von, nach);

@@ -9,7 +9,7 @@
 namespace dv::test {
 
 class FehlerDateisystem : public Dateisystem {
-public:
+  public:
     // Writes numbered from 1; 0 disables the fault.
     int scheitereAbSchreibvorgang = 0;
     // With a failing write, the first half of its bytes are still written.
@@ -31,9 +31,11 @@ public:
     // True when this write should fail; counts it.
     bool naechsterSchreibvorgangScheitert();
 
-private:
+  private:
     static Dateisystem& echt() { return echtesDateisystem(); }
-    bool gesperrt(const std::string& p) const { return !sperre.empty() && p.find(sperre) != std::string::npos; }
+    bool gesperrt(const std::string& p) const {
+        return !sperre.empty() && p.find(sperre) != std::string::npos;
+    }
 };
 
 }  // namespace dv::test

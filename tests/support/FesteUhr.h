@@ -7,7 +7,7 @@
 namespace dv::test {
 
 class FesteUhr {
-public:
+  public:
     FesteUhr(int tag, int monat, int jahr, int stunde = 0, int minute = 0, int sekunde = 0) {
         zeit() = LokaleZeit{tag, monat, jahr, stunde, minute, sekunde};
         setzeUhr(&lies);
@@ -16,7 +16,7 @@ public:
     FesteUhr(const FesteUhr&) = delete;
     FesteUhr& operator=(const FesteUhr&) = delete;
 
-private:
+  private:
     static LokaleZeit& zeit() {
         static LokaleZeit z;
         return z;

@@ -52,7 +52,8 @@ Lauf fuehreAus(const std::string& programm, const std::vector<std::string>& argu
         for (int i = 0; i < n; ++i) {
             if (!fds[i].revents) continue;
             if (fds[i].fd == ein[1]) {
-                const ssize_t w = ::write(ein[1], eingabe.data() + geschrieben, eingabe.size() - geschrieben);
+                const ssize_t w =
+                    ::write(ein[1], eingabe.data() + geschrieben, eingabe.size() - geschrieben);
                 if (w > 0) geschrieben += static_cast<std::size_t>(w);
                 if (w <= 0 || geschrieben == eingabe.size()) {
                     ::close(ein[1]);
@@ -65,7 +66,10 @@ Lauf fuehreAus(const std::string& programm, const std::vector<std::string>& argu
             if (r > 0) {
                 ziel.append(puffer, static_cast<std::size_t>(r));
             } else {
-                if (fds[i].fd == aus[0]) ausOffen = false; else errOffen = false;
+                if (fds[i].fd == aus[0])
+                    ausOffen = false;
+                else
+                    errOffen = false;
             }
         }
     }

@@ -32,6 +32,8 @@ void schreibeDatei(const std::string& pfad, const std::string& inhalt) {
     out.write(inhalt.data(), static_cast<std::streamsize>(inhalt.size()));
 }
 
-bool gibtEs(const std::string& pfad) { return std::filesystem::exists(pfad); }
+bool gibtEs(const std::string& pfad) {
+    return std::filesystem::exists(pfad);
+}
 
 }  // namespace dv::test

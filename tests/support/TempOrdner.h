@@ -6,7 +6,7 @@
 namespace dv::test {
 
 class TempOrdner {
-public:
+  public:
     TempOrdner();
     ~TempOrdner();
     TempOrdner(const TempOrdner&) = delete;
@@ -16,7 +16,7 @@ public:
     const std::string& pfad() const { return pfad_; }
     std::string operator/(const std::string& name) const { return pfad_ + name; }
 
-private:
+  private:
     std::string pfad_;
 };
 

@@ -25,11 +25,14 @@ bool sende(int fd, const char* p, std::size_t n) {
     }
     return true;
 }
-bool sende(int fd, const std::string& s) { return sende(fd, s.data(), s.size()); }
+bool sende(int fd, const std::string& s) {
+    return sende(fd, s.data(), s.size());
+}
 
 std::string kopf(int status, const char* text, std::size_t laenge) {
-    return "HTTP/1.0 " + std::to_string(status) + " " + text + "\r\nContent-Length: " +
-           std::to_string(laenge) + "\r\nContent-Type: application/octet-stream\r\nConnection: close\r\n\r\n";
+    return "HTTP/1.0 " + std::to_string(status) + " " + text +
+           "\r\nContent-Length: " + std::to_string(laenge) +
+           "\r\nContent-Type: application/octet-stream\r\nConnection: close\r\n\r\n";
 }
 
 std::string dekodiere(const std::string& s) {
@@ -55,7 +58,8 @@ TestServer::TestServer(std::string ordner) : ordner_(std::move(ordner)) {
     a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     a.sin_port = 0;
     socklen_t len = sizeof a;
-    if (::bind(lauscher_, reinterpret_cast<sockaddr*>(&a), sizeof a) != 0 || ::listen(lauscher_, 16) != 0 ||
+    if (::bind(lauscher_, reinterpret_cast<sockaddr*>(&a), sizeof a) != 0 ||
+        ::listen(lauscher_, 16) != 0 ||
         ::getsockname(lauscher_, reinterpret_cast<sockaddr*>(&a), &len) != 0) {
         ::close(lauscher_);
         lauscher_ = -1;

@@ -15,7 +15,7 @@
 namespace dv::test {
 
 class TestServer {
-public:
+  public:
     enum class Art {
         Normal,
         Fehlt,          // 404 Not Found
@@ -37,7 +37,7 @@ public:
     // The decoded paths requested so far, without the leading '/'.
     std::vector<std::string> anfragen() const;
 
-private:
+  private:
     void nimmAn();
     void bediene(int fd);
     void antworte(int fd, const std::string& pfad);

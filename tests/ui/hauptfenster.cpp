@@ -13,7 +13,7 @@ using namespace dv;
 
 class Hauptfenster : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void wurzelZeigtAnzahlUndBoxen();
     void wurzelTextEinzahlUndLeer();
     void fensterpositionUeberlebtNeustart();
