@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "app/base/Datenversion.h"
-#include "app/base/Optionen.h"
+#include "base/Datenversion.h"
+#include "base/Optionen.h"
 
 namespace dv {
 

@@ -7,15 +7,15 @@
 #include <optional>
 #include <string>
 
-#include "app/base/Benutzer.h"
-#include "app/base/Einstellungen.h"
-#include "app/base/Ordner.h"
-#include "app/base/Protokoll.h"
+#include "base/Benutzer.h"
+#include "base/Einstellungen.h"
+#include "base/Ordner.h"
+#include "base/Protokoll.h"
 #include "domain/Datenbank.h"
 #include "domain/Validierung.h"
 #include "interchange/Austausch.h"
+#include "interchange/Filter.h"
 #include "output/Uebersicht.h"
-#include "retrieval/Filter.h"
 #include "retrieval/Stempeltags.h"
 #include "retrieval/Tagverwaltung.h"
 #include "retrieval/Vormerklisten.h"

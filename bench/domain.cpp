@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "app/base/Ordner.h"
+#include "base/Ordner.h"
 #include "bench/generator/Messplatz.h"
 #include "domain/Datenbank.h"
 

@@ -15,7 +15,7 @@
 #include <memory>
 #include <string>
 
-#include "app/base/Protokoll.h"
+#include "base/Protokoll.h"
 #include "bench/generator/Generator.h"
 #include "bench/generator/Messplatz.h"
 #include "interchange/Austausch.h"

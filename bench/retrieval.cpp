@@ -17,8 +17,8 @@
 #include <memory>
 #include <tuple>
 
-#include "app/base/Ordner.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Ordner.h"
+#include "base/Zeichensatz.h"
 #include "bench/generator/Generator.h"
 #include "bench/generator/Messplatz.h"
 #include "domain/Datenbank.h"

@@ -11,7 +11,7 @@
 #include <random>
 #include <string>
 
-#include "app/base/Protokoll.h"
+#include "base/Protokoll.h"
 #include "storage/Satzarten.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // validieren and uebersicht: the database validation and the HTML overview.
 #include <memory>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "cli/Kontext.h"
 
 namespace dv::cli {

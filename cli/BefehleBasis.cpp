@@ -1,7 +1,7 @@
 // init and version: the data folder and the data version.
 #include <cstdio>
 
-#include "app/base/Datenversion.h"
+#include "base/Datenversion.h"
 #include "cli/Kontext.h"
 
 namespace dv::cli {

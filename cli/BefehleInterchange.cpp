@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "cli/Kontext.h"
 #include "cli/Objektargumente.h"
 #include "interchange/Austausch.h"
-#include "retrieval/Filter.h"
+#include "interchange/Filter.h"
 
 namespace dv::cli {
 namespace {

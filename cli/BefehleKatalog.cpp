@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/Objektbefehle.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "cli/Objektargumente.h"
 #include "domain/Beschreibung.h"
 #include "interchange/ExportQuelle.h"

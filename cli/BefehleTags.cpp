@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "cli/Objektargumente.h"
 #include "retrieval/Objektzugriff.h"
 #include "retrieval/SuchDatei.h"

@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "cli/Objektargumente.h"
 #include "retrieval/SuchDatei.h"
 #include "retrieval/VormerkDatei.h"

@@ -2,8 +2,8 @@
 // fetches the chosen box files into "Updates/" and imports them.
 #include <memory>
 
-#include "app/base/Optionen.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Optionen.h"
+#include "base/Zeichensatz.h"
 #include "cli/Kontext.h"
 #include "domain/Disc.h"
 #include "interchange/Austausch.h"

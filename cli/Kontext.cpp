@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 
 namespace dv::cli {
 

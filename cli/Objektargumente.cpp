@@ -1,6 +1,6 @@
 #include "cli/Objektargumente.h"
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "retrieval/Objektzugriff.h"
 
 namespace dv::cli {

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 
 namespace dv::cli {
 

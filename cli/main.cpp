@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "cli/Kontext.h"
 #include "platform/Dateisystem.h"
 #include "platform/Speicher.h"

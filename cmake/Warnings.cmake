@@ -1,3 +1,14 @@
+# The catalogue's texts are Windows-1252 and the sources write them as plain
+# UTF-8 literals, so the compiler must translate narrow literals. Only GCC can
+# (-fexec-charset); any other compiler would silently store UTF-8 in the tables.
+# The fuzz build (clang) keeps its own way: it checks the readers' safety, not texts.
+if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT DORVANO_FUZZ)
+  message(FATAL_ERROR
+    "DORVANO braucht GCC: nur GCC übersetzt die Texte der Quellen nach Windows-1252 "
+    "(-fexec-charset=CP1252). Gefunden: ${CMAKE_CXX_COMPILER_ID}. "
+    "Bitte mit CC=gcc CXX=g++ konfigurieren.")
+endif()
+
 # Common compile settings for every target of the project.
 function(dorvano_settings target)
   target_compile_options(${target} PRIVATE

@@ -8,7 +8,7 @@
 #include <new>
 #include <vector>
 
-#include "app/base/Hilfen.h"
+#include "base/Hilfen.h"
 #include "domain/Datenbank.h"
 
 namespace dv {

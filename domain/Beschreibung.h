@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "domain/Datenbank.h"
 
 namespace dv {

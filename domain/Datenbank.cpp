@@ -2,7 +2,7 @@
 
 #include "domain/Datenbank.h"
 
-#include "app/base/Hilfen.h"
+#include "base/Hilfen.h"
 
 namespace dv {
 

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/base/Ordner.h"
+#include "base/Ordner.h"
 #include "domain/Objekte.h"
 #include "storage/Katalog.h"
 

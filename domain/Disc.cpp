@@ -3,8 +3,8 @@
 #include <charconv>
 #include <cstdio>
 
-#include "app/base/Hilfen.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Hilfen.h"
+#include "base/Zeichensatz.h"
 #include "domain/Datenbank.h"
 
 namespace dv {

@@ -11,8 +11,8 @@
 #include <cstdint>
 #include <string>
 
-#include "app/base/Benutzer.h"
-#include "app/base/Einstellungen.h"
+#include "base/Benutzer.h"
+#include "base/Einstellungen.h"
 #include "platform/Laufwerke.h"
 
 namespace dv {

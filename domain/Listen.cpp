@@ -5,7 +5,7 @@
 #include <cstring>
 #include <vector>
 
-#include "app/base/Hilfen.h"
+#include "base/Hilfen.h"
 #include "domain/Bausteine.h"
 #include "domain/Datenbank.h"
 

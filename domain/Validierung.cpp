@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "domain/Datenbank.h"
 #include "platform/Zeit.h"
 

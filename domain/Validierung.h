@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <string>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "platform/Dateisystem.h"
 
 namespace dv {

@@ -1,6 +1,6 @@
 #include "interchange/Austausch.h"
 
-#include "app/base/Optionen.h"
+#include "base/Optionen.h"
 #include "interchange/EinzelLader.h"
 
 namespace dv {

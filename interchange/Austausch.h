@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Benutzer.h"
-#include "app/base/Einstellungen.h"
-#include "app/base/Ordner.h"
+#include "base/Benutzer.h"
+#include "base/Einstellungen.h"
+#include "base/Ordner.h"
 #include "domain/Datenbank.h"
 #include "interchange/BoxImport.h"
 #include "interchange/BoxSchreiber.h"

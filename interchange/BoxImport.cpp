@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <cstring>
 
-#include "app/base/Hilfen.h"
-#include "app/base/Protokoll.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Hilfen.h"
+#include "base/Protokoll.h"
+#include "base/Zeichensatz.h"
 #include "domain/Tags.h"
 #include "platform/Zeit.h"
 

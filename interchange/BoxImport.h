@@ -17,8 +17,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "app/base/Benutzer.h"
-#include "app/base/Ordner.h"
+#include "base/Benutzer.h"
+#include "base/Ordner.h"
 #include "domain/Datenbank.h"
 #include "interchange/BoxLeser.h"
 #include "interchange/ImportDaten.h"

@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "app/base/Hilfen.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Hilfen.h"
+#include "base/Zeichensatz.h"
 #include "interchange/BoxFormat.h"
 #include "interchange/BoxLeser.h"
 #include "platform/Zeit.h"

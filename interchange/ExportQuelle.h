@@ -16,7 +16,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "app/base/Ordner.h"
+#include "base/Ordner.h"
 #include "domain/Datenbank.h"
 
 namespace dv {

@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 
 namespace dv {
 

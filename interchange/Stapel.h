@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "interchange/BoxImport.h"
 #include "interchange/BoxSchreiber.h"
 

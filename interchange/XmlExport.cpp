@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <cstdio>
 
-#include "app/base/Optionen.h"
+#include "base/Optionen.h"
 
 namespace dv {
 namespace {

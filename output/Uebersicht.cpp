@@ -9,7 +9,7 @@
 #include <set>
 #include <string_view>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 
 namespace dv {
 

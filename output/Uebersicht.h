@@ -23,7 +23,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "platform/Dateisystem.h"
 
 namespace dv {

@@ -4,7 +4,7 @@
 //
 // Paths are native file-system paths (UTF-8 on Linux), never catalogue texts:
 // a catalogue text (Windows-1252) that becomes part of a file name is converted
-// by the caller (see app/base/Zeichensatz.h).
+// by the caller (see base/Zeichensatz.h).
 
 #include <cstddef>
 #include <cstdint>

@@ -11,7 +11,7 @@
 
 #include <string>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "platform/Dateisystem.h"
 #include "retrieval/Suchkriterien.h"
 

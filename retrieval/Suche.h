@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "domain/Datenbank.h"
 #include "retrieval/Suchkriterien.h"
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "domain/Datenbank.h"
 
 namespace dv {

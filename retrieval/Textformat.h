@@ -15,7 +15,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "platform/Dateisystem.h"
 
 namespace dv {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <unordered_map>
 
-#include "app/base/Protokoll.h"
+#include "base/Protokoll.h"
 #include "retrieval/Objektzugriff.h"
 #include "retrieval/Textformat.h"
 

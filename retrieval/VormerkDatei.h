@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 #include "domain/Datenbank.h"
 #include "retrieval/Vormerklisten.h"
 

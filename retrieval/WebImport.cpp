@@ -6,7 +6,7 @@
 #include <cstring>
 #include <limits>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "storage/Muster.h"
 
 namespace dv {
@@ -195,13 +195,13 @@ std::string webImportMeldung(int code) {
     return text;
 }
 
-WebImport::WebImport(Dateisystem& fs, Benutzer& benutzer, std::string arbeitsOrdner)
-    : fs_(fs), benutzer_(benutzer), ordner_(std::move(arbeitsOrdner)) {}
+WebImport::WebImport(Dateisystem& fs, Benutzer& benutzer, std::string arbeitsOrdner, Http& http)
+    : fs_(fs), benutzer_(benutzer), ordner_(std::move(arbeitsOrdner)), http_(http) {}
 
 bool WebImport::lade(const std::string& basis, const std::string& relativ,
                      const std::string& name) {
     std::string daten, fehler;
-    if (!holeUrl(basis + alsUrlPfad(relativ), grenzen, daten, fehler)) {
+    if (!http_.hole(basis + alsUrlPfad(relativ), grenzen, daten, fehler)) {
         benutzer_.meldung(kTitel, fehler, Symbol::Fehler);
         return false;
     }

@@ -23,10 +23,10 @@
 #include <string_view>
 #include <vector>
 
-#include "app/base/Benutzer.h"
-#include "app/base/Einstellungen.h"
+#include "base/Benutzer.h"
+#include "base/Einstellungen.h"
 #include "platform/Dateisystem.h"
-#include "retrieval/Http.h"
+#include "platform/Http.h"
 
 namespace dv {
 
@@ -82,8 +82,9 @@ std::string webImportMeldung(int code);
 
 class WebImport {
   public:
-    // fs and benutzer must outlive the object; arbeitsOrdner ends in '/'.
-    WebImport(Dateisystem& fs, Benutzer& benutzer, std::string arbeitsOrdner);
+    // fs, benutzer and http must outlive the object; arbeitsOrdner ends in '/'.
+    WebImport(Dateisystem& fs, Benutzer& benutzer, std::string arbeitsOrdner,
+              Http& http = echtesHttp());
 
     HttpGrenzen grenzen;
     bool grossKlein = false;  // letter case in the title search
@@ -107,6 +108,7 @@ class WebImport {
     Dateisystem& fs_;
     Benutzer& benutzer_;
     std::string ordner_;
+    Http& http_;
     bool abgebrochen_ = false;
 };
 

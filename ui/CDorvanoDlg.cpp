@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "app/CApplikation.h"
-#include "app/base/Einstellungen.h"
-#include "app/base/Hilfen.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Einstellungen.h"
+#include "base/Hilfen.h"
+#include "base/Zeichensatz.h"
 #include "ui/Fensterposition.h"
 #include "ui/KatalogBaum.h"
 

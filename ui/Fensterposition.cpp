@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/base/Einstellungen.h"
+#include "base/Einstellungen.h"
 
 namespace dv::ui {
 

@@ -2,7 +2,7 @@
 
 #include <QTreeWidget>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "domain/Beschreibung.h"
 #include "domain/Datenbank.h"
 

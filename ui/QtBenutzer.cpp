@@ -14,7 +14,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 
 namespace dv::ui {
 

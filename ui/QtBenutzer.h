@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QProgressDialog>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 
 class QWidget;
 

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "app/CApplikation.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "platform/Dateisystem.h"
 #include "platform/Einzelinstanz.h"
 #include "platform/Speicher.h"

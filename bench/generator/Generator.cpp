@@ -7,8 +7,8 @@
 #include <map>
 #include <vector>
 
-#include "app/base/Hilfen.h"
-#include "app/base/Ordner.h"
+#include "base/Hilfen.h"
+#include "base/Ordner.h"
 #include "bench/generator/Namen.h"
 #include "bench/generator/Stapel.h"
 #include "domain/Objekte.h"

@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "app/base/Benutzer.h"
-#include "app/base/Ordner.h"
+#include "base/Benutzer.h"
+#include "base/Ordner.h"
 #include "domain/Datenbank.h"
 
 namespace dv::generator {

@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "bench/generator/Generator.h"
 
 int main(int argc, char** argv) {

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <vector>
 
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "tests/cli/CliProgramm.h"
 
 using namespace dv::test;

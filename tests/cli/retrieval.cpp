@@ -4,9 +4,9 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "app/base/Einstellungen.h"
-#include "app/base/Optionen.h"
-#include "app/base/Ordner.h"
+#include "base/Einstellungen.h"
+#include "base/Optionen.h"
+#include "base/Ordner.h"
 #include "domain/Datenbank.h"
 #include "tests/cli/CliProgramm.h"
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Ordner.h"
+#include "base/Ordner.h"
 #include "domain/Datenbank.h"
 #include "tests/support/TempOrdner.h"
 

@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "app/base/Hilfen.h"
+#include "base/Hilfen.h"
 
 #include "tests/domain/DomainUmgebung.h"
 

@@ -1,6 +1,6 @@
 // The delete cascades, observed in the table files and the side folders.
 
-#include "app/base/Hilfen.h"
+#include "base/Hilfen.h"
 #include "domain/Tags.h"
 #include "tests/domain/DomainUmgebung.h"
 

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "app/base/Protokoll.h"
+#include "base/Protokoll.h"
 #include "domain/Datenbank.h"
 #include "domain/Tags.h"
 #include "interchange/BoxSchreiber.h"

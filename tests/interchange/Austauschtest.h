@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Einstellungen.h"
-#include "app/base/Ordner.h"
-#include "app/base/Protokoll.h"
+#include "base/Einstellungen.h"
+#include "base/Ordner.h"
+#include "base/Protokoll.h"
 #include "domain/Datenbank.h"
 #include "interchange/Austausch.h"
 #include "interchange/BoxImport.h"

@@ -2,7 +2,7 @@
 // cover as data URI and the two switches.
 #include <gtest/gtest.h>
 
-#include "app/base/Optionen.h"
+#include "base/Optionen.h"
 #include "interchange/XmlExport.h"
 #include "tests/interchange/Austauschtest.h"
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Protokoll.h"
+#include "base/Protokoll.h"
 #include "storage/Tabelle.h"
 #include "tests/support/TempOrdner.h"
 

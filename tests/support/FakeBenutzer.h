@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/base/Benutzer.h"
+#include "base/Benutzer.h"
 
 namespace dv::test {
 

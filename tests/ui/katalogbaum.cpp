@@ -5,7 +5,7 @@
 #include <QtTest>
 
 #include "app/CApplikation.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 #include "tests/support/FakeBenutzer.h"
 #include "tests/support/TempOrdner.h"
 #include "ui/CDorvanoDlg.h"

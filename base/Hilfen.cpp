@@ -1,4 +1,4 @@
-#include "app/base/Hilfen.h"
+#include "base/Hilfen.h"
 
 #include <cstdio>
 #include <cstring>

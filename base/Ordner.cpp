@@ -1,4 +1,4 @@
-#include "app/base/Ordner.h"
+#include "base/Ordner.h"
 
 #include <cstdlib>
 

@@ -1,4 +1,4 @@
-#include "app/base/Protokoll.h"
+#include "base/Protokoll.h"
 
 #include <cstdarg>
 #include <cstdio>

@@ -1,6 +1,6 @@
 // The trace log and the message log, read back from the files they write.
 
-#include "app/base/Protokoll.h"
+#include "base/Protokoll.h"
 
 #include <gtest/gtest.h>
 

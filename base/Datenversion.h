@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "app/base/Benutzer.h"
-#include "app/base/Protokoll.h"
+#include "base/Benutzer.h"
+#include "base/Protokoll.h"
 #include "storage/Katalog.h"
 
 namespace dv {

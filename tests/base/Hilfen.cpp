@@ -1,15 +1,15 @@
 // Side files, list sorting, the file-name sanitiser, date stamps, size units,
 // the clipboard copy, the code page and the folder layout.
 
-#include "app/base/Hilfen.h"
+#include "base/Hilfen.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "app/base/Ordner.h"
-#include "app/base/Protokoll.h"
-#include "app/base/Zeichensatz.h"
+#include "base/Ordner.h"
+#include "base/Protokoll.h"
+#include "base/Zeichensatz.h"
 #include "tests/support/FakeBenutzer.h"
 #include "tests/support/FehlerDateisystem.h"
 #include "tests/support/FesteUhr.h"

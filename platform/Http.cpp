@@ -1,4 +1,4 @@
-#include "retrieval/Http.h"
+#include "platform/Http.h"
 
 #include <curl/curl.h>
 
@@ -54,8 +54,23 @@ std::string ursache(CURLcode c) {
 
 }  // namespace
 
-bool holeUrl(const std::string& url, const HttpGrenzen& grenzen, std::string& daten,
-             std::string& fehler) {
+namespace {
+
+class CurlHttp : public Http {
+  public:
+    bool hole(const std::string& url, const HttpGrenzen& grenzen, std::string& daten,
+              std::string& fehler) override;
+};
+
+}  // namespace
+
+Http& echtesHttp() {
+    static CurlHttp http;
+    return http;
+}
+
+bool CurlHttp::hole(const std::string& url, const HttpGrenzen& grenzen, std::string& daten,
+                    std::string& fehler) {
     initialisiere();
     daten.clear();
     std::unique_ptr<CURL, void (*)(CURL*)> h(curl_easy_init(), curl_easy_cleanup);

@@ -1,4 +1,4 @@
-#include "app/base/Datenversion.h"
+#include "base/Datenversion.h"
 
 #include <cstdio>
 

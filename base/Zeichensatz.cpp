@@ -1,4 +1,4 @@
-#include "app/base/Zeichensatz.h"
+#include "base/Zeichensatz.h"
 
 #include <array>
 

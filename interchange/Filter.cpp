@@ -1,4 +1,4 @@
-#include "retrieval/Filter.h"
+#include "interchange/Filter.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -5,7 +5,7 @@
 
 #include "interchange/BoxLeser.h"
 #include "interchange/BoxSchreiber.h"
-#include "retrieval/Filter.h"
+#include "interchange/Filter.h"
 #include "tests/domain/DomainUmgebung.h"
 #include "tests/support/FakeBenutzer.h"
 

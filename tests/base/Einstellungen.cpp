@@ -1,7 +1,7 @@
 // The settings store on a file of its own: the registry's semantics of a missing
 // key, of defaults that are not written back, and of numbers against texts.
 
-#include "app/base/Einstellungen.h"
+#include "base/Einstellungen.h"
 
 #include <gtest/gtest.h>
 

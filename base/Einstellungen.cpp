@@ -1,4 +1,4 @@
-#include "app/base/Einstellungen.h"
+#include "base/Einstellungen.h"
 
 #include <QFileInfo>
 #include <QSettings>

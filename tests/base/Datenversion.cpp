@@ -1,7 +1,7 @@
 // The data version check at start-up: its protocol file and the message the
 // user sees when the stored version is foreign.
 
-#include "app/base/Datenversion.h"
+#include "base/Datenversion.h"
 
 #include <gtest/gtest.h>
 

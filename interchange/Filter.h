@@ -14,7 +14,7 @@
 #include <memory>
 #include <string>
 
-#include "app/base/Einstellungen.h"
+#include "base/Einstellungen.h"
 #include "domain/Datenbank.h"
 #include "interchange/Austausch.h"
 #include "interchange/Uebersetzer.h"
