@@ -6,7 +6,7 @@ BUILD_TYPE  ?= RelWithDebInfo
 CMAKE_FLAGS ?=
 JOBS        ?= $(shell nproc)
 
-.PHONY: all deps configure build run test bench sanitize format clean
+.PHONY: all deps configure build run test bench sanitize format clean install package demo
 
 all: build
 
@@ -25,6 +25,17 @@ run: build
 
 test: build
 	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
+
+# Installs both programs with desktop entry, icons, metainfo, MIME type and manual
+# pages below PREFIX, inside DESTDIR when given (a staging folder for packagers).
+PREFIX      ?= /usr/local
+DESTDIR     ?=
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD_DIR) --prefix "$(PREFIX)"
+
+# The Debian package dorvano_<version>_<arch>.deb in the build folder.
+package: build
+	cd $(BUILD_DIR) && cpack
 
 # Builds and runs every benchmark (bench/*.cpp) on generated collections.
 bench: configure
