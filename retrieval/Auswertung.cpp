@@ -60,13 +60,6 @@ const char* tonName(const ObjektElement* e) {
     return e->pObjekt2 ? e->pObjekt2->zeile.cpText : "";
 }
 
-// A side text shown in a reason: its first line, at most 60 characters.
-std::string auszug(const std::string& text) {
-    std::size_t n = text.find_first_of("\r\n");
-    if (n == std::string::npos) n = text.size();
-    return text.substr(0, std::min<std::size_t>(n, 60));
-}
-
 bool istPaar(int a, int b) {
     const bool spracheA = a == kFilmSprache || a == kFilmTonformat;
     const bool spracheB = b == kFilmSprache || b == kFilmTonformat;
@@ -424,8 +417,16 @@ bool Auswerter::seitenText(const Bedingung& b, long filmId, bool inhalt, std::st
         db_.leseInhalt(filmId, puffer_);
     else
         db_.leseKommentar(filmId, puffer_);
-    return mitGrund(textWert(b, passt(b, puffer_)), g, inhalt ? "Inhalt: <%s>" : "Kommentar: <%s>",
-                    auszug(puffer_).c_str());
+    if (!textWert(b, passt(b, puffer_))) return false;
+    // The whole text is the value; a text too long for the reason drops the piece
+    // (checked first, so a long text is not copied for nothing).
+    const std::string_view label = inhalt ? "Inhalt: <" : "Kommentar: <";
+    if (label.size() + puffer_.size() + 2 > kGrundMax) return true;
+    std::string stueck(label);
+    stueck += puffer_;
+    stueck += '>';
+    fuegeGrundAn(g, stueck);
+    return true;
 }
 
 }  // namespace dv::auswertung

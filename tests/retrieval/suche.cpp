@@ -164,6 +164,25 @@ TEST_F(SucheTest, GrundWirdEinmalGenanntUndBegrenzt) {
     EXPECT_EQ(g.find(lang + "d"), std::string::npos);
 }
 
+TEST_F(SucheTest, SeitentexteImGrundMitGanzemWert) {
+    // A side text is named whole, line breaks included, however far past the
+    // first line the match lies; one that would pass 256 characters is not named.
+    const std::string inhalt =
+        "Neo erwacht in einer Kapsel.\r\nEr lernt, dass die Welt, die er "
+        "kennt, nur eine Simulation ist, und folgt Morpheus.";
+    ASSERT_GT(inhalt.size(), 60u);
+    ASSERT_TRUE(db->schreibeInhalt(matrix, inhalt));
+    ASSERT_TRUE(db->schreibeKommentar(matrix, std::string(250, 'k')));
+    ASSERT_TRUE(db->schreibeKommentar(boot, "kurz"));
+    Suchergebnis e = ergebnis(*db, {{3, 12, 1, 2, "*morpheus*"}, {3, 13, 1, 2, "k*"}});
+    ASSERT_EQ(e.anzahl(), 1u);
+    EXPECT_EQ(e.kopf()->reason, "Inhalt: <" + inhalt + "> ");
+    e = ergebnis(*db, {{3, 13, 1, 2, "k*"}, {3, 1, 1, 2, "*"}});
+    ASSERT_EQ(e.anzahl(), 2u);
+    EXPECT_EQ(e.kopf()->reason, "Kommentar: <kurz> Titel: <Das Boot> ");
+    EXPECT_EQ(e.kopf()->next->reason, "Titel: <The Matrix> ");
+}
+
 TEST_F(SucheTest, FilmAufZweiDvdsNurEinTrefferUndAufloesung) {
     const long zweite = dvdMit(matrixBox, "Zweite", 2000, 2);
     ASSERT_GT(k().DVD_Film.insert(zweite, matrix, 9), 0);
