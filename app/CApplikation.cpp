@@ -22,6 +22,7 @@ CApplikation::CApplikation(Benutzer& benutzer, Einstellungen& einstellungen, Dat
         filter_->aktiviere(art);
         return filter_->aktiv(art);
     });
+    dienste_ = std::make_unique<Dienste>(*this);
 }
 
 CApplikation::~CApplikation() = default;

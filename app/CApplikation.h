@@ -7,6 +7,9 @@
 #include <optional>
 #include <string>
 
+#include "app/Aenderungen.h"
+#include "app/Dienste.h"
+#include "app/Schreibstelle.h"
 #include "base/Benutzer.h"
 #include "base/Einstellungen.h"
 #include "base/Ordner.h"
@@ -48,6 +51,12 @@ class CApplikation {
     static std::string versionsText();
     // The title text of the application: "DORVANO".
     static const char* titel() { return "DORVANO"; }
+
+    // The services both programs call; the change notices of their writes; the
+    // one place every service write passes through.
+    Dienste& dienste() { return *dienste_; }
+    Aenderungen& aenderungen() { return aenderungen_; }
+    Schreibstelle& schreibstelle() { return schreibstelle_; }
 
     Benutzer& benutzer() { return benutzer_; }
     Einstellungen& einstellungen() { return einstellungen_; }
@@ -97,6 +106,9 @@ class CApplikation {
     std::unique_ptr<Vormerklisten> vormerklisten_;
     std::unique_ptr<Tagverwaltung> tags_;
     std::unique_ptr<Stempeltags> stempeltags_;
+    Aenderungen aenderungen_;
+    Schreibstelle schreibstelle_{aenderungen_};
+    std::unique_ptr<Dienste> dienste_;
 };
 
 }  // namespace dv

@@ -1,11 +1,11 @@
 // The catalogue itself: liste, anzahl, info, spieldauer, neu, loeschen, hoch,
-// runter, kopieren.
+// runter, kopieren. Everything but liste goes through the services; liste still
+// reads the lower layers directly until its document is produced in app/.
 #include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "app/Objektbefehle.h"
 #include "base/Zeichensatz.h"
 #include "cli/Objektargumente.h"
 #include "domain/Beschreibung.h"
@@ -39,15 +39,6 @@ void zeilen(Kontext& k, const std::string& text) {
         k.zeile(z);
         anfang = ende + 1;
     }
-}
-
-// A catalogue text argument that must fit its field (width - 1 characters).
-int textArgument(Kontext& k, const std::string& utf8, std::size_t max, const char* was,
-                 std::string& text) {
-    text = katalogText(utf8);
-    if (text.size() > max)
-        return k.fehler(kNutzung, formatiere("%s ist zu lang (höchstens %zu Zeichen).", was, max));
-    return kFertig;
 }
 
 // ---- liste ------------------------------------------------------------------
@@ -173,11 +164,10 @@ void lesen(Register& reg) {
     std::shared_ptr<Args> a;
     CLI::App* c = unterbefehl(reg, reg.wurzel(), "anzahl", "Zählt Boxen, DVDs und Filme", a);
     reg.handler(c, [](Kontext& k) {
-        long boxen = 0, dvds = 0, filme = 0;
-        k.app.db().anzahl(boxen, dvds, filme);
-        k.zeile(formatiere("Boxen: %ld", boxen));
-        k.zeile(formatiere("Dvds: %ld", dvds));
-        k.zeile(formatiere("Filme: %ld", filme));
+        const Anzahl n = k.dienste().katalog().anzahl();
+        k.zeile(formatiere("Boxen: %ld", n.boxen));
+        k.zeile(formatiere("Dvds: %ld", n.dvds));
+        k.zeile(formatiere("Filme: %ld", n.filme));
         return kFertig;
     });
 
@@ -192,7 +182,10 @@ void lesen(Register& reg) {
             int typ = 0;
             long id = 0;
             if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-            zeilen(k, info ? infoText(k.app.db(), typ, id) : spieldauerText(k.app.db(), typ, id));
+            KatalogDienst& katalog = k.dienste().katalog();
+            const auto text = info ? katalog.info(typ, id) : katalog.spieldauer(typ, id);
+            if (!text.ok()) return k.ergebnis(text);
+            zeilen(k, text.wert());
             return kFertig;
         });
     }
@@ -211,15 +204,13 @@ void neuBox(Register& reg, CLI::App* neu) {
     c->add_option("--ean", a->ean, u8("EAN der Box"));
     c->add_option("--verpackung", a->verpackung, u8("Verpackung (eine unbekannte wird angelegt)"));
     reg.handler(c, [a](Kontext& k) {
-        std::string titel, ean, verpackung;
-        if (const int code = textArgument(k, a->titel, 63, "Der Titel", titel)) return code;
-        if (const int code = textArgument(k, a->ean, 15, "Die EAN", ean)) return code;
-        if (const int code = textArgument(k, a->verpackung, 127, "Die Verpackung", verpackung))
-            return code;
-        NeueBox angelegt;
-        if (!legeBoxAn(k.app, ean, titel, verpackung, angelegt))
-            return k.fehler(kFehlschlag, "Die Box konnte nicht angelegt werden.");
-        k.zeile(formatiere("%ld\t%ld\t%ld", angelegt.box, angelegt.dvd, angelegt.film));
+        BoxWerte w;
+        w.titel = katalogText(a->titel);
+        w.ean = katalogText(a->ean);
+        w.verpackung.name = katalogText(a->verpackung);
+        const auto box = k.dienste().objekte().neueBox(w);
+        if (!box.ok()) return k.ergebnis(box);
+        k.zeile(formatiere("%ld\t%ld\t%ld", box->box, box->dvd, box->film));
         return kFertig;
     });
 }
@@ -238,20 +229,15 @@ void neuDvd(Register& reg, CLI::App* neu) {
         int typ = 0;
         long box = 0;
         if (const int code = objektArgument(k, "box", a->id, typ, box)) return code;
-        std::string titel, format;
-        if (const int code = textArgument(k, a->titel, 63, "Der Titel", titel)) return code;
-        if (const int code = textArgument(k, a->format, 127, "Das Format", format)) return code;
-        Zeile9 d{};
-        std::snprintf(d.cpText, sizeof d.cpText, "%s", titel.c_str());
-        d.Jahr = static_cast<std::int16_t>(a->jahr);
-        d.Laenge = static_cast<std::int16_t>(a->laenge);
-        d.RC = static_cast<std::int8_t>(static_cast<unsigned char>(a->rc));
-        if (!format.empty() && (d.Formate_Id = static_cast<std::int32_t>(
-                                    lookupNachName(k.app.db(), kTypFormat, format))) <= 0)
-            return k.fehler(kFehlschlag, "Das Format konnte nicht angelegt werden.");
-        const long id = k.app.db().neueDvd(box, d);
-        if (id <= 0) return k.fehler(kFehlschlag, "Die DVD konnte nicht angelegt werden.");
-        k.zeile(std::to_string(id));
+        DvdWerte w;
+        w.titel = katalogText(a->titel);
+        w.jahr = a->jahr;
+        w.laenge = a->laenge;
+        w.rc = static_cast<unsigned>(a->rc);
+        w.format.name = katalogText(a->format);
+        const auto id = k.dienste().objekte().neueDvd(box, w);
+        if (!id.ok()) return k.ergebnis(id);
+        k.zeile(std::to_string(id.wert()));
         return kFertig;
     });
 }
@@ -268,11 +254,14 @@ void neuFilm(Register& reg, CLI::App* neu) {
         int typ = 0;
         long dvd = 0;
         if (const int code = objektArgument(k, "dvd", a->id, typ, dvd)) return code;
-        std::string titel;
-        if (const int code = textArgument(k, a->titel, 63, "Der Titel", titel)) return code;
-        const long id = k.app.db().neuerFilm(dvd, titel, a->fsk, a->laenge, a->jahr);
-        if (id <= 0) return k.fehler(kFehlschlag, "Der Film konnte nicht angelegt werden.");
-        k.zeile(std::to_string(id));
+        FilmWerte w;
+        w.titel = katalogText(a->titel);
+        w.jahr = a->jahr;
+        w.fsk = a->fsk;
+        w.laenge = a->laenge;
+        const auto id = k.dienste().objekte().neuerFilm(dvd, w);
+        if (!id.ok()) return k.ergebnis(id);
+        k.zeile(std::to_string(id.wert()));
         return kFertig;
     });
 }
@@ -289,10 +278,7 @@ void aendern(Register& reg) {
         int typ = 0;
         long id = 0;
         if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        bool abgelehnt = false;
-        if (loescheMitFrage(k.app, typ, id, &abgelehnt)) return kFertig;
-        return abgelehnt ? kFehlschlag
-                         : k.fehler(kFehlschlag, "Das Objekt konnte nicht gelöscht werden.");
+        return k.ergebnis(k.dienste().objekte().loescheMitFrage(typ, id));
     });
 
     for (const bool hoch : {true, false}) {
@@ -307,20 +293,7 @@ void aendern(Register& reg) {
             int typ = 0;
             long id = 0;
             if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-            Datenbank& db = k.app.db();
-            if (typ == kObjektBox)
-                return k.fehler(kNutzung, "Nur eine DVD oder ein Film kann verschoben werden.");
-            const bool dvd = typ == kObjektDvd;
-            const long besitzer = dvd ? db.boxVonDvd(id) : db.dvdVonFilm(id);
-            if (besitzer <= 0)
-                return k.fehler(kFehlschlag, dvd ? "Die DVD gehört zu keiner Box."
-                                                 : "Der Film gehört zu keiner DVD.");
-            const bool ok =
-                dvd ? db.verschiebeDvd(besitzer, id, hoch) : db.verschiebeFilm(besitzer, id, hoch);
-            if (ok) return kFertig;
-            return k.fehler(kFehlschlag,
-                            formatiere("%s steht bereits an %s Stelle.",
-                                       dvd ? "Die DVD" : "Der Film", hoch ? "erster" : "letzter"));
+            return k.ergebnis(k.dienste().objekte().verschiebe(typ, id, hoch));
         });
     }
 
@@ -331,17 +304,13 @@ void aendern(Register& reg) {
     pflicht(c, "id", a->id, "ID der DVD oder des Films");
     pflicht(c, "ziel-id", a->ziel, "ID der Ziel-Box (für eine DVD) oder Ziel-DVD (für einen Film)");
     reg.handler(c, [a](Kontext& k) {
-        int typ = 0, zielTyp = 0;
+        int typ = 0;
         long id = 0, ziel = 0;
         if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        if (typ == kObjektBox)
-            return k.fehler(kNutzung, "Nur eine DVD oder ein Film kann kopiert werden.");
-        const bool dvd = typ == kObjektDvd;
-        if (const int code = objektArgument(k, dvd ? "box" : "dvd", a->ziel, zielTyp, ziel))
-            return code;
-        const long neu = dvd ? k.app.db().kopiereDvd(id, ziel) : k.app.db().kopiereFilm(id, ziel);
-        if (neu <= 0) return k.fehler(kFehlschlag, "Das Kopieren ist fehlgeschlagen.");
-        k.zeile(std::to_string(neu));
+        if (const int code = idArgument(k, a->ziel, ziel)) return code;
+        const auto neu = k.dienste().objekte().kopiere(typ, id, ziel);
+        if (!neu.ok()) return k.ergebnis(neu);
+        k.zeile(std::to_string(neu.wert()));
         return kFertig;
     });
 }

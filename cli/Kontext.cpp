@@ -18,6 +18,20 @@ int Kontext::fehler(int code, const std::string& cp1252) const {
     return code;
 }
 
+int Kontext::ergebnis(const Ergebnis& e) const {
+    switch (e.art()) {
+        case Fehlerart::Keiner:
+            return kFertig;
+        case Fehlerart::Abgelehnt:
+            return kFehlschlag;
+        case Fehlerart::Eingabe:
+            return fehler(kNutzung, e.grund());
+        case Fehlerart::Fehlschlag:
+            break;
+    }
+    return fehler(kFehlschlag, e.grund());
+}
+
 void deutscheHilfe(CLI::App& app) {
     app.option_defaults()->group(cp1252NachUtf8("Optionen"));
     app.set_help_flag("-h,--help", cp1252NachUtf8("Zeigt diese Hilfe an und beendet das Programm"));

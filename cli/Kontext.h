@@ -34,6 +34,10 @@ struct Kontext {
     void zeile(const std::string& cp1252) const;
     // A German message on standard error (catalogue encoding), returning the code.
     int fehler(int code, const std::string& cp1252) const;
+    // The exit code of a service's answer, its reason printed: kFertig when done,
+    // kNutzung for wrong input, kFehlschlag for a failure or a question answered No.
+    int ergebnis(const Ergebnis& e) const;
+    Dienste& dienste() const { return app.dienste(); }
 };
 
 using Handler = std::function<int(Kontext&)>;

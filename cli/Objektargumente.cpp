@@ -1,7 +1,6 @@
 #include "cli/Objektargumente.h"
 
 #include "base/Zeichensatz.h"
-#include "retrieval/Objektzugriff.h"
 
 namespace dv::cli {
 
@@ -32,9 +31,8 @@ int objektArgument(Kontext& k, const std::string& typText, const std::string& id
         return k.fehler(kNutzung,
                         "Unbekannter Objekttyp: " + katalogText(typText) + " (box, dvd oder film)");
     if (const int code = idArgument(k, idText, id)) return code;
-    if (!objektExistiert(k.app.db(), typ, id))
-        return k.fehler(kNutzung, std::string("Kein Objekt vom Typ ") + objektTypName(typ) +
-                                      " mit der ID " + std::to_string(id) + ".");
+    if (!k.dienste().katalog().gibtEs(typ, id))
+        return k.ergebnis(KatalogDienst::unbekannt(typ, id));
     return kFertig;
 }
 

@@ -5,6 +5,7 @@
 // Fields are passed in table order; text fields as NUL-terminated strings of at
 // most their width (longer texts are cut at the width).
 
+#include <cstddef>
 #include <cstdint>
 #include <tuple>
 
@@ -455,6 +456,25 @@ class Tabelle15 : public TabelleT<Tabelle15, Zeile15> {
     void traceEinfuegen(const Zeile& z);
     void traceAendern(const Zeile&) {}
 };
+
+// The longest text each field takes, derived from the record layouts: a row
+// keeps one byte more than the field's width on disk for its terminator, and one
+// byte of the width stays free on disk as well, so that other readers of these
+// files always find a terminated text. Every layer refuses a longer text instead
+// of cutting it.
+template <std::size_t N>
+constexpr std::size_t textGrenze(const char (&)[N]) {
+    return N - 2;
+}
+inline constexpr std::size_t kMaxTitel = textGrenze(Zeile4{}.cpTitel);        // film titles
+inline constexpr std::size_t kMaxBezeichnung = textGrenze(Zeile12{}.cpText);  // box, DVD
+inline constexpr std::size_t kMaxEan = textGrenze(Zeile12{}.cpEAN);
+inline constexpr std::size_t kMaxLookupName = textGrenze(Zeile1{}.cpText);  // also aliases, lists
+inline constexpr std::size_t kMaxPersonName = textGrenze(Zeile8{}.cpName);  // name and first name
+inline constexpr std::size_t kMaxStempelText = textGrenze(Zeile11{}.cpText);
+inline constexpr std::size_t kMaxFilterExtern = textGrenze(Zeile13{}.cpExtern);
+static_assert(kMaxTitel == 63 && kMaxEan == 15 && kMaxLookupName == 127);
+static_assert(textGrenze(Zeile9{}.cpText) == kMaxBezeichnung);
 
 // The data version record: always slot 1, no selects, no free-slot handling.
 struct DatenVersionSatz {

@@ -20,7 +20,7 @@ CDorvanoDlg::CDorvanoDlg(CApplikation& app, QWidget* eltern)
     : QMainWindow(eltern),
       app_(app),
       baum_(new QTreeWidget(this)),
-      katalogBaum_(new KatalogBaum(*baum_, app.db())) {
+      katalogBaum_(new KatalogBaum(*baum_, app.dienste().katalog())) {
     setWindowTitle(alsQString(CApplikation::titel()));
     baum_->setHeaderHidden(true);
     baum_->setObjectName(QStringLiteral("katalogBaum"));

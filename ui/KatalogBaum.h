@@ -13,12 +13,12 @@ class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace dv {
-class Datenbank;
+class KatalogDienst;
 }
 
 namespace dv::ui {
 
-// What a tree item carries: the object type (kObjektBox, kObjektDvd, kObjektFilm;
+// What a tree item carries: the object type (kBox, kDvd, kFilm;
 // 0 for the root, a group or an entry) and the record number; a group also its
 // lookup type.
 inline constexpr int kRolleTyp = Qt::UserRole;
@@ -29,8 +29,8 @@ inline constexpr int kRolleGeladen = Qt::UserRole + 3;  // children read already
 class KatalogBaum : public QObject {
     Q_OBJECT
   public:
-    // baum and db must outlive the object.
-    KatalogBaum(QTreeWidget& baum, Datenbank& db);
+    // baum and katalog must outlive the object.
+    KatalogBaum(QTreeWidget& baum, KatalogDienst& katalog);
 
     // Clears the tree and shows the root and the boxes.
     void lade(const char* titel);
@@ -56,7 +56,7 @@ class KatalogBaum : public QObject {
     void klappeAuf(QTreeWidgetItem* item, unsigned maxFilme, unsigned& filme);
 
     QTreeWidget& baum_;
-    Datenbank& db_;
+    KatalogDienst& katalog_;
 };
 
 }  // namespace dv::ui

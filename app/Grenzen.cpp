@@ -1,0 +1,17 @@
+#include "app/Grenzen.h"
+
+#include "domain/Beschreibung.h"
+
+namespace dv {
+
+Ergebnis pruefeText(const std::string& text, std::size_t max, const char* was) {
+    if (text.size() <= max) return Ergebnis::gut();
+    return Ergebnis::eingabe(formatiere("%s ist zu lang (höchstens %zu Zeichen).", was, max));
+}
+
+Ergebnis pruefeZahl(long wert, long von, long bis, const char* was) {
+    if (wert >= von && wert <= bis) return Ergebnis::gut();
+    return Ergebnis::eingabe(formatiere("%s muss zwischen %ld und %ld liegen.", was, von, bis));
+}
+
+}  // namespace dv
