@@ -43,7 +43,7 @@ class [[nodiscard]] Ergebnis {
 template <class T>
 class [[nodiscard]] ErgebnisMit : public Ergebnis {
   public:
-    ErgebnisMit(T wert) : wert_(std::move(wert)) {}  // NOLINT: a value is success
+    ErgebnisMit(T wert) : wert_(std::move(wert)) {}                // NOLINT: a value is success
     ErgebnisMit(Ergebnis fehler) : Ergebnis(std::move(fehler)) {}  // NOLINT: a refusal
 
     const T& wert() const { return wert_; }
@@ -59,7 +59,7 @@ class [[nodiscard]] ErgebnisMit : public Ergebnis {
 
 // In a function returning an Ergebnis (or ErgebnisMit<T>): returns the refusal of
 // ausdruck, so that of several checks the first refusal wins.
-#define DV_PRUEFE(ausdruck)                                \
-    do {                                                   \
+#define DV_PRUEFE(ausdruck)                                      \
+    do {                                                         \
         if (::dv::Ergebnis e_ = (ausdruck); !e_.ok()) return e_; \
     } while (false)

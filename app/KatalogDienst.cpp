@@ -57,8 +57,8 @@ std::vector<BoxZeile> KatalogDienst::boxen() {
     std::vector<BoxZeile> zeilen;
     for (const BoxElement* b = liste.get(); b; b = b->pNext) {
         const auto n = dvds.find(b->Id);
-        zeilen.push_back({b->Id, b->cpText, b->cpEAN, cover.count(b->Id) != 0,
-                          n == dvds.end() ? 0 : n->second});
+        zeilen.push_back(
+            {b->Id, b->cpText, b->cpEAN, cover.count(b->Id) != 0, n == dvds.end() ? 0 : n->second});
     }
     return zeilen;
 }
@@ -152,7 +152,8 @@ std::vector<Gruppe> KatalogDienst::gruppen(long filmId) {
         Gruppe g{typ, gruppenText(typ), {}};
         for (const ObjektElement* e = liste.get(); e; e = e->pNext) {
             std::string text = e->pObjekt1->zeile.cpText;
-            if (typ == kTypSprache) text = formatiere("%s / %s", text.c_str(), e->pObjekt2->zeile.cpText);
+            if (typ == kTypSprache)
+                text = formatiere("%s / %s", text.c_str(), e->pObjekt2->zeile.cpText);
             g.eintraege.push_back({e->Id, text, {}});
         }
         gruppen.push_back(std::move(g));

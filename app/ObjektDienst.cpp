@@ -21,7 +21,8 @@ std::vector<Eintrag> eintraege(const ObjektElement* e, F&& name) {
     return v;
 }
 std::vector<Eintrag> eintraege(const ObjektElement* e) {
-    return eintraege(e, [](const ObjektElement& x) { return std::string(x.pObjekt1->zeile.cpText); });
+    return eintraege(e,
+                     [](const ObjektElement& x) { return std::string(x.pObjekt1->zeile.cpText); });
 }
 
 Eintrag lookupEintrag(Datenbank& db, int typ, long id) {
@@ -84,11 +85,10 @@ Ergebnis schreibeDvd(Datenbank& db, long id, const DvdWerte& w) {
 Ergebnis schreibeFilm(Datenbank& db, long id, const FilmWerte& w) {
     bool ok = db.aendereFilm(id, w.fsk, w.laenge, w.jahr) &&
               db.schreibeFilmTitel(id, {w.titel, w.originaltitel, w.alternativtitel});
-    const std::pair<int, const std::vector<Eintrag>*> listen[] = {
-        {kTypGenre, &w.genres},
-        {kTypBildformat, &w.bildformate},
-        {kTypUntertitel, &w.untertitel},
-        {kTypFunktion, &w.funktionen}};
+    const std::pair<int, const std::vector<Eintrag>*> listen[] = {{kTypGenre, &w.genres},
+                                                                  {kTypBildformat, &w.bildformate},
+                                                                  {kTypUntertitel, &w.untertitel},
+                                                                  {kTypFunktion, &w.funktionen}};
     for (const auto& [typ, liste] : listen) {
         auto ids = loeseAuf(db, typ, *liste);
         if (!ids.ok()) return ids;
@@ -172,10 +172,12 @@ ErgebnisMit<FilmWerte> ObjektDienst::ladeFilm(long id) {
     w.bildformate = eintraege(db.getObjektListe(id, kTypBildformat).get());
     w.untertitel = eintraege(db.getObjektListe(id, kTypUntertitel).get());
     auto fkt = db.getFktListe(id);
-    for (const FktElement* e = fkt.get(); e; e = e->pNext) w.funktionen.push_back({e->Id, e->cpText});
+    for (const FktElement* e = fkt.get(); e; e = e->pNext)
+        w.funktionen.push_back({e->Id, e->cpText});
     auto sprachen = db.getSprachenFormatListe(id);
     for (const ObjektElement* e = sprachen.get(); e; e = e->pNext)
-        w.sprachen.push_back({{e->Id, e->pObjekt1->zeile.cpText}, {e->Id2, e->pObjekt2->zeile.cpText}});
+        w.sprachen.push_back(
+            {{e->Id, e->pObjekt1->zeile.cpText}, {e->Id2, e->pObjekt2->zeile.cpText}});
     auto personen = db.getPersonenListe(id);
     for (const PersonenElement* p = personen.get(); p; p = p->pNext) {
         const Zeile8& z = p->pPerson->zeile;
@@ -285,7 +287,9 @@ Ergebnis ObjektDienst::loesche(int typ, long id) {
     Datenbank& db = app_.db();
     const long eltern = app_.dienste().katalog().besitzer(typ, id);
     return app_.schreibstelle().schreibe([&](std::vector<Aenderung>& m) {
-        const bool ok = typ == kBox ? db.loescheBox(id) : typ == kDvd ? db.loescheDvd(id) : db.loescheFilm(id);
+        const bool ok = typ == kBox   ? db.loescheBox(id)
+                        : typ == kDvd ? db.loescheDvd(id)
+                                      : db.loescheFilm(id);
         if (!ok) return Ergebnis::fehlschlag("Das Objekt konnte nicht gelöscht werden.");
         if (typ == kBox) loescheCover(app_.fs(), app_.ordner().cover, id);
         m.push_back(meldung(AenderungsArt::Geloescht, typ, id, eltern));
@@ -308,7 +312,8 @@ Ergebnis ObjektDienst::verschiebe(int typ, long id, bool hoch) {
     const bool dvd = typ == kDvd;
     const long eltern = katalog.besitzer(typ, id);
     if (eltern <= 0)
-        return Ergebnis::fehlschlag(dvd ? "Die DVD gehört zu keiner Box." : "Der Film gehört zu keiner DVD.");
+        return Ergebnis::fehlschlag(dvd ? "Die DVD gehört zu keiner Box."
+                                        : "Der Film gehört zu keiner DVD.");
     Datenbank& db = app_.db();
     return app_.schreibstelle().schreibe([&](std::vector<Aenderung>& m) {
         if (!(dvd ? db.verschiebeDvd(eltern, id, hoch) : db.verschiebeFilm(eltern, id, hoch)))

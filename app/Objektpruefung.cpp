@@ -20,8 +20,9 @@ Ergebnis eintrag(Datenbank& db, int typ, const Eintrag& e) {
     if (e.id > 0) {
         Tabelle1* t = db.lookupTabelle(typ);
         if (t && t->eine(e.id)) return Ergebnis::gut();
-        return Ergebnis::eingabe(formatiere("Im Katalog \"%s\" gibt es keinen Eintrag mit der ID %ld.",
-                                            katalogName(typ).c_str(), e.id));
+        return Ergebnis::eingabe(
+            formatiere("Im Katalog \"%s\" gibt es keinen Eintrag mit der ID %ld.",
+                       katalogName(typ).c_str(), e.id));
     }
     return pruefeText(e.name, kMaxLookupName,
                       formatiere("Der Eintrag \"%s\"", katalogName(typ).c_str()).c_str());
@@ -49,8 +50,8 @@ Ergebnis eanFrei(Datenbank& db, const BoxWerte& w) {
         if (andere.empty() && z.Id != w.id && w.ean == z.cpEAN) andere = z.cpText;
     });
     if (andere.empty()) return Ergebnis::gut();
-    return Ergebnis::eingabe(formatiere("Die EAN %s gehört bereits zur Box \"%s\".", w.ean.c_str(),
-                                        andere.c_str()));
+    return Ergebnis::eingabe(
+        formatiere("Die EAN %s gehört bereits zur Box \"%s\".", w.ean.c_str(), andere.c_str()));
 }
 
 }  // namespace
@@ -92,7 +93,8 @@ Ergebnis film(Datenbank& db, const FilmWerte& w) {
     }
     for (const FilmPerson& p : w.personen) {
         if (p.person.id <= 0 || !db.katalog().Person.eine(p.person.id))
-            return Ergebnis::eingabe(formatiere("Es gibt keine Person mit der ID %ld.", p.person.id));
+            return Ergebnis::eingabe(
+                formatiere("Es gibt keine Person mit der ID %ld.", p.person.id));
         if (p.funktion.id <= 0 && p.funktion.name.empty())
             return Ergebnis::eingabe("Zu jeder Person gehört eine Funktion.");
         DV_PRUEFE(eintrag(db, kTypFunktion, p.funktion));

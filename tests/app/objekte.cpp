@@ -182,7 +182,8 @@ TEST_F(Objekte, VerweigertesAendertNichts) {
     f.personen.clear();
     f.id = neu->film;
     f.genres = {{0, "Drama"}};
-    f.personen = {{{app.db().katalog().Person.insert(0, "Lang", ""), ""}, {0, "Regie"},
+    f.personen = {{{app.db().katalog().Person.insert(0, "Lang", ""), ""},
+                   {0, "Regie"},
                    {std::string(kMaxLookupName + 1, 'x')}}};
     EXPECT_TRUE(verweigert(objekte().speichereFilm(f), Fehlerart::Eingabe,
                            "Ein Alias ist zu lang (höchstens 127 Zeichen)."));
