@@ -37,6 +37,12 @@ install: build
 package: build
 	cd $(BUILD_DIR) && cpack
 
+# A generated sample collection (300 boxes with painted covers, tags, watch lists)
+# in a new folder below /tmp, opened in the desktop program.
+demo: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS) --target dorvano dorvano-cli dorvano-generator
+	./scripts/demo $(BUILD_DIR)
+
 # Builds and runs every benchmark (bench/*.cpp) on generated collections.
 bench: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)

@@ -2,10 +2,11 @@
 // the program. Developer tool; texts are German like the rest of the program.
 
 #include <CLI/CLI.hpp>
-
+#include <QGuiApplication>
 #include <cstdio>
 
 #include "base/Zeichensatz.h"
+#include "bench/generator/Cover.h"
 #include "bench/generator/Generator.h"
 
 int main(int argc, char** argv) {
@@ -37,6 +38,9 @@ int main(int argc, char** argv) {
                    cp1252NachUtf8("Startwert des Zufalls (gleiche Saat, gleiche "
                                   "Sammlung)"))
         ->capture_default_str();
+    bool cover = false;
+    app.add_flag("--cover", cover,
+                 cp1252NachUtf8("Malt für jede Box ein Cover (Cover/<ID>.jpg) mit ihrem Titel"));
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {
@@ -54,9 +58,19 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", cp1252NachUtf8(fehler).c_str());
         return 1;
     }
+    long covers = 0;
+    if (cover) {
+        // The covers need Qt's fonts, not a screen.
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        QGuiApplication qt(argc, argv);
+        if (!dv::generator::maleCover(basis, &covers, &fehler)) {
+            std::fprintf(stderr, "%s\n", cp1252NachUtf8(fehler).c_str());
+            return 1;
+        }
+    }
     std::printf(
         "Boxen: %ld\nDvds: %ld\nFilme: %ld\nTitel: %ld\nPersonen: %ld\n"
-        "Film-Personen: %ld\nAlias: %ld\n",
-        e.boxen, e.dvds, e.filme, e.titel, e.personen, e.filmPersonen, e.alias);
+        "Film-Personen: %ld\nAlias: %ld\nCover: %ld\n",
+        e.boxen, e.dvds, e.filme, e.titel, e.personen, e.filmPersonen, e.alias, covers);
     return 0;
 }
