@@ -1,69 +1,146 @@
 #include "ui/CDorvanoDlg.h"
 
 #include <QCloseEvent>
-#include <QHeaderView>
-#include <QTreeWidget>
-#include <algorithm>
-#include <cstdio>
-#include <vector>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTreeView>
 
 #include "app/CApplikation.h"
-#include "base/Einstellungen.h"
-#include "base/Hilfen.h"
-#include "base/Zeichensatz.h"
-#include "ui/Fensterposition.h"
-#include "ui/KatalogBaum.h"
+#include "app/Zeichensatz.h"
+#include "ui/aktionen/Aktionen.h"
+#include "ui/baum/KatalogAnsicht.h"
+#include "ui/dialoge/Fensterposition.h"
+#include "ui/steuerung/BearbeitenSteuerung.h"
+#include "ui/steuerung/DatenSteuerung.h"
+#include "ui/steuerung/ObjektSteuerung.h"
+#include "ui/steuerung/RechercheSteuerung.h"
+#include "ui/steuerung/SystemSteuerung.h"
+#include "ui/widgets/CoverFeld.h"
 
 namespace dv::ui {
+
+namespace {
+
+QStringList boxDateien(const QMimeData* daten) {
+    QStringList pfade;
+    if (!daten) return pfade;
+    for (const QUrl& url : daten->urls())
+        if (url.isLocalFile() &&
+            url.toLocalFile().endsWith(QStringLiteral(".box"), Qt::CaseInsensitive))
+            pfade << url.toLocalFile();
+    return pfade;
+}
+
+}  // namespace
 
 CDorvanoDlg::CDorvanoDlg(CApplikation& app, QWidget* eltern)
     : QMainWindow(eltern),
       app_(app),
-      baum_(new QTreeWidget(this)),
-      katalogBaum_(new KatalogBaum(*baum_, app.dienste().katalog())) {
+      katalog_(new KatalogAnsicht(app, this)),
+      cover_(new CoverFeld(this)),
+      teiler_(new QSplitter(this)) {
+    setObjectName(QStringLiteral("WP_main"));
     setWindowTitle(alsQString(CApplikation::titel()));
-    baum_->setHeaderHidden(true);
-    baum_->setObjectName(QStringLiteral("katalogBaum"));
-    setCentralWidget(baum_);
-    resize(640, 720);
-    leseOptionen();
-    stelleFensterWiederHer(*this, app_.einstellungen(), "WP_main");
-    ladeBaum();
+    setAcceptDrops(true);
+    teiler_->setObjectName(QStringLiteral("Teiler"));
+    teiler_->addWidget(katalog_);
+    teiler_->addWidget(cover_);
+    teiler_->setStretchFactor(0, 3);
+    teiler_->setStretchFactor(1, 1);
+    teiler_->setChildrenCollapsible(false);
+    setCentralWidget(teiler_);
+    statusBar()->setObjectName(QStringLiteral("Statuszeile"));
+
+    aktionen_ = new Aktionen(*this, *katalog_->baum());
+    aktionen_->baueMenues(*menuBar());
+    teile_ = std::make_unique<Fensterteile>(Fensterteile{app_, *this, *katalog_, *aktionen_});
+    daten_ = new DatenSteuerung(*teile_);
+    const std::vector<Steuerung*> steuerungen{
+        daten_,
+        new ObjektSteuerung(*teile_),
+        new BearbeitenSteuerung(*teile_),
+        new RechercheSteuerung(*teile_),
+        new DatenbankSteuerung(*teile_),
+        new LaufwerkSteuerung(*teile_),
+        new EinstellungenSteuerung(*teile_),
+        new HilfeSteuerung(*teile_),
+    };
+    for (Steuerung* s : steuerungen) s->verbinde(*aktionen_);
+
+    connect(katalog_, &KatalogAnsicht::auswahlGeaendert, this, &CDorvanoDlg::auswahlGeaendert);
+    connect(katalog_, &KatalogAnsicht::kontextMenueGewuenscht, this,
+            [this](unsigned art, const QPoint& wo) {
+                aktionen_->aktualisiere(katalog_->auswahl());
+                if (QMenu* m = aktionen_->kontextMenue(art)) m->popup(wo);
+            });
+
+    resize(900, 720);
+    std::vector<int> teilung;
+    stelleFensterWiederHer(*this, app_.einstellungen(), "WP_main", &teilung);
+    if (teilung.size() == 2 && teilung[0] > 0 && teilung[1] > 0)
+        teiler_->setSizes({teilung[0], teilung[1]});
+    else
+        teiler_->setSizes({600, 300});
+    auswahlGeaendert();
+    katalog_->baum()->setFocus();
 }
 
 CDorvanoDlg::~CDorvanoDlg() = default;
 
-void CDorvanoDlg::leseOptionen() {
-    std::uint32_t v = kOptionsStandard;
-    app_.einstellungen().getOptions(v);
-    options_ = v;
-    v = kOptions2Standard;
-    app_.einstellungen().getOptions2(v);
-    options2_ = v;
-    v = kMaxFilmeAufklappenStandard;
-    app_.einstellungen().getMaxFilmeAufklappen(v);
-    maxFilmeAufklappen_ = v;
+void CDorvanoDlg::importiere(const QStringList& pfade) {
+    daten_->importiereDateien(pfade);
 }
 
-std::string CDorvanoDlg::wurzelText(const char* titel, int anzahl) {
-    return KatalogBaum::wurzelText(titel, anzahl);
+void CDorvanoDlg::auswahlGeaendert() {
+    const Auswahl a = katalog_->auswahl();
+    aktionen_->aktualisiere(a);
+    zeigeCover(a.box);
 }
 
-QTreeWidgetItem* CDorvanoDlg::wurzel() const {
-    return baum_->topLevelItem(0);
-}
-
-void CDorvanoDlg::ladeBaum() {
-    katalogBaum_->lade(CApplikation::titel());
-}
-
-void CDorvanoDlg::klappeAuf(QTreeWidgetItem* item) {
-    katalogBaum_->klappeAuf(item, maxFilmeAufklappen_);
+// Read anew on every change: the box may have been edited meanwhile.
+void CDorvanoDlg::zeigeCover(long boxId) {
+    if (boxId <= 0) {
+        cover_->leeren();
+        return;
+    }
+    auto box = app_.dienste().objekte().ladeBox(boxId);
+    if (!box.ok()) {
+        cover_->leeren();
+        return;
+    }
+    CoverDaten d;
+    d.titel = alsQString(box->titel);
+    d.ean = alsQString(box->ean);
+    d.verpackung = alsQString(box->verpackung.name);
+    d.coverDatei = QString::fromLocal8Bit(box->cover.c_str());
+    for (const DvdZeile& z : app_.dienste().katalog().dvds(boxId)) {
+        ++d.dvds;
+        d.filme += z.filme;
+    }
+    cover_->zeige(d);
 }
 
 void CDorvanoDlg::closeEvent(QCloseEvent* ereignis) {
-    speichereFenster(*this, app_.einstellungen(), "WP_main");
+    const QList<int> teilung = teiler_->sizes();
+    speichereFenster(*this, app_.einstellungen(), "WP_main", {teilung.value(0), teilung.value(1)});
     QMainWindow::closeEvent(ereignis);
+}
+
+void CDorvanoDlg::dragEnterEvent(QDragEnterEvent* ereignis) {
+    if (!boxDateien(ereignis->mimeData()).isEmpty()) ereignis->acceptProposedAction();
+}
+
+void CDorvanoDlg::dropEvent(QDropEvent* ereignis) {
+    const QStringList pfade = boxDateien(ereignis->mimeData());
+    if (pfade.isEmpty()) return;
+    ereignis->acceptProposedAction();
+    importiere(pfade);
 }
 
 }  // namespace dv::ui

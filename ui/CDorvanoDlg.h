@@ -1,12 +1,14 @@
 #pragma once
-// The main window: the whole collection as one tree. The root reads
-// "%s {%d Box%s}" with the title "DORVANO"; below it one node per box.
-// Menus hand their work to small controllers; the window itself only shows the tree.
+// The main window: the quick filter and the catalogue tree on the left, the
+// cover of the current box on the right, the menu bar and the context menus of
+// the command table, and one controller per menu area that carries out the
+// commands. The window itself only wires these together.
 
 #include <QMainWindow>
+#include <memory>
+#include <vector>
 
-class QTreeWidget;
-class QTreeWidgetItem;
+class QSplitter;
 
 namespace dv {
 class CApplikation;
@@ -14,40 +16,44 @@ class CApplikation;
 
 namespace dv::ui {
 
-class KatalogBaum;
+class Aktionen;
+class CoverFeld;
+class DatenSteuerung;
+class KatalogAnsicht;
+class Steuerung;
+struct Fensterteile;
 
 class CDorvanoDlg : public QMainWindow {
     Q_OBJECT
   public:
-    // app must outlive the window. Reads the options and restores "WP_main".
+    // app must outlive the window. Restores "WP_main" and reads the tree.
     explicit CDorvanoDlg(CApplikation& app, QWidget* eltern = nullptr);
     ~CDorvanoDlg() override;
 
-    // Rebuilds the tree from the catalogue.
-    void ladeBaum();
-    QTreeWidget* baum() const { return baum_; }
-    QTreeWidgetItem* wurzel() const;
+    KatalogAnsicht& katalog() const { return *katalog_; }
+    Aktionen& aktionen() const { return *aktionen_; }
+    CoverFeld& cover() const { return *cover_; }
+    DatenSteuerung& daten() const { return *daten_; }
 
-    // "%s {%d Box%s}": "en" unless the count is 1.
-    static std::string wurzelText(const char* titel, int anzahl);
-
-    // The "Aufklappen" command on an item: everything below it, at most
-    // MaxFilmeAufklappen films.
-    void klappeAuf(QTreeWidgetItem* item);
-    KatalogBaum& katalogBaum() { return *katalogBaum_; }
+    // Imports box files as "&Importieren" does (dropped files, a second start).
+    void importiere(const QStringList& pfade);
 
   protected:
     void closeEvent(QCloseEvent* ereignis) override;
+    void dragEnterEvent(QDragEnterEvent* ereignis) override;
+    void dropEvent(QDropEvent* ereignis) override;
 
   private:
-    void leseOptionen();
+    void auswahlGeaendert();
+    void zeigeCover(long boxId);
 
     CApplikation& app_;
-    QTreeWidget* baum_;
-    KatalogBaum* katalogBaum_;  // owned by baum_
-    unsigned options_ = 0;
-    unsigned options2_ = 0;
-    unsigned maxFilmeAufklappen_ = 0;
+    KatalogAnsicht* katalog_;
+    CoverFeld* cover_;
+    QSplitter* teiler_;
+    Aktionen* aktionen_;
+    std::unique_ptr<Fensterteile> teile_;
+    DatenSteuerung* daten_;
 };
 
 }  // namespace dv::ui

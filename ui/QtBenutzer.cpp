@@ -7,14 +7,15 @@
 #include <QFormLayout>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
+#include "ui/dialoge/import/ObjektBestaetigenDlg.h"
+#include "ui/widgets/FortschrittFenster.h"
+#include "ui/widgets/TextFenster.h"
 
 namespace dv::ui {
 
@@ -53,48 +54,10 @@ void QtBenutzer::meldung(const std::string& titel, const std::string& text, Symb
 }
 
 ObjektAntwort QtBenutzer::objektBestaetigen(const ObjektDialog& d) {
-    QDialog dlg(eltern_);
-    dlg.setWindowTitle(bildschirmText(d.titel));
-    auto* layout = new QVBoxLayout(&dlg);
-    layout->addWidget(new QLabel(bildschirmText(d.zeile)));
-    layout->addWidget(new QLabel(bildschirmText(d.typ)));
-    auto* form = new QFormLayout;
-    std::vector<QLineEdit*> edits;
-    for (std::size_t i = 0; i < d.felder.size(); ++i) {
-        auto* e = new QLineEdit(bildschirmText(d.felder[i]));
-        e->setMaxLength(128);
-        e->setReadOnly(d.modus != ObjektModus::Bearbeiten);
-        form->addRow(i < d.feldNamen.size() ? bildschirmText(d.feldNamen[i]) : QString(), e);
-        edits.push_back(e);
-    }
-    layout->addLayout(form);
-    auto* liste = new QListWidget;
-    for (const auto& s : d.liste) liste->addItem(bildschirmText(s));
-    liste->setEnabled(d.modus == ObjektModus::Auswahl);
-    layout->addWidget(liste);
-    auto* knoepfe = new QDialogButtonBox;
-    ObjektAntwort a;
-    a.taste = ObjektTaste::Letzte;
-    auto knopf = [&](const QString& text, ObjektTaste taste, bool aktiv) {
-        QPushButton* b = knoepfe->addButton(text, QDialogButtonBox::ActionRole);
-        b->setEnabled(aktiv);
-        QObject::connect(b, &QPushButton::clicked, &dlg, [&a, &dlg, taste] {
-            a.taste = taste;
-            dlg.accept();
-        });
-    };
-    const bool normal = d.modus == ObjektModus::Normal;
-    knopf(QStringLiteral("OK"), ObjektTaste::OK, true);
-    knopf(QStringLiteral("Alle OK"), ObjektTaste::AlleOK, true);
-    knopf(QStringLiteral("Edit"), ObjektTaste::Edit, normal);
-    knopf(QStringLiteral("Auswahl"), ObjektTaste::Auswahl, normal && d.auswahlMoeglich);
-    knopf(QStringLiteral("Nicht"), ObjektTaste::Nicht, true);
-    knopf(bildschirmText(d.letzteTaste), ObjektTaste::Letzte, true);
-    layout->addWidget(knoepfe);
+    // The import waits for the answer: the one place a dialog runs its own loop.
+    ObjektBestaetigenDlg dlg(eltern_, *app_, d);
     dlg.exec();
-    for (QLineEdit* e : edits) a.felder.push_back(ausQString(e->text()));
-    a.gewaehlt = liste->currentRow();
-    return a;
+    return dlg.antwort();
 }
 
 std::vector<int> QtBenutzer::waehle(const std::string& titel, const std::string& spalte,
@@ -142,35 +105,25 @@ bool QtBenutzer::info(const std::string& titel,
 }
 
 void QtBenutzer::zeigeText(const std::string& titel, const std::string& text) {
-    QDialog dlg(eltern_);
-    dlg.setWindowTitle(bildschirmText(titel));
-    auto* layout = new QVBoxLayout(&dlg);
-    auto* feld = new QPlainTextEdit(bildschirmText(text));
-    feld->setReadOnly(true);
-    layout->addWidget(feld);
-    auto* knoepfe = new QDialogButtonBox(QDialogButtonBox::Close);
-    QObject::connect(knoepfe, &QDialogButtonBox::rejected, &dlg, &QDialog::reject);
-    layout->addWidget(knoepfe);
-    dlg.resize(520, 360);
-    dlg.exec();
+    TextFenster fenster(eltern_, *app_, bildschirmText(titel), text, QStringLiteral("txt"));
+    fenster.exec();
 }
 
 void QtBenutzer::fortschritt(const std::string& text, int schritt, int gesamt) {
     if (!fortschritt_) {
-        fortschritt_ = new QProgressDialog(eltern_);
-        fortschritt_->setWindowModality(Qt::WindowModal);
-        fortschritt_->setCancelButton(nullptr);
-        fortschritt_->setMinimumDuration(300);
-        fortschritt_->setAutoClose(true);
+        fortschritt_ = new FortschrittFenster(eltern_, alsQString("DORVANO"));
+        fortschritt_->setAttribute(Qt::WA_DeleteOnClose);
+        fortschritt_->show();
     }
-    fortschritt_->setLabelText(bildschirmText(text));
-    fortschritt_->setMaximum(gesamt > 0 ? gesamt : 0);
-    fortschritt_->setValue(schritt >= gesamt ? gesamt : schritt);
-    if (schritt >= gesamt) fortschritt_->deleteLater();
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    fortschritt_->setzeStand(bildschirmText(text), schritt, gesamt);
+    if (schritt >= gesamt) fortschritt_->close();
 }
 
 bool QtBenutzer::unterbrechen() {
+    if (fortschritt_ && fortschritt_->abgebrochen()) {
+        fortschritt_->reset();
+        return true;
+    }
     return (QGuiApplication::queryKeyboardModifiers() & Qt::ControlModifier) != 0;
 }
 

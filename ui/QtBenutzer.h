@@ -1,20 +1,31 @@
 #pragma once
 // The user-interaction interface with Qt dialogs: message boxes, the list choice,
-// the info dialog, a text window, a progress dialog and the clipboard.
+// the info dialog, a text window, the progress window and the clipboard. The
+// layers below wait for each answer, so these dialogs (unlike the window's own)
+// run modally until answered. The progress window's "Abbrechen" and a held Ctrl
+// key both count as the wish to interrupt.
 
 #include <QPointer>
-#include <QProgressDialog>
 
 #include "base/Benutzer.h"
 
 class QWidget;
 
+namespace dv {
+class CApplikation;
+}
+
 namespace dv::ui {
+
+class FortschrittFenster;
 
 class QtBenutzer final : public Benutzer {
   public:
     explicit QtBenutzer(QWidget* eltern = nullptr) : eltern_(eltern) {}
     void setzeEltern(QWidget* eltern) { eltern_ = eltern; }
+    // The application whose settings keep the dialogs' positions; set before the
+    // first import question.
+    void setzeApp(CApplikation& app) { app_ = &app; }
 
     bool frage(const std::string& titel, const std::string& text) override;
     void meldung(const std::string& titel, const std::string& text, Symbol symbol) override;
@@ -31,7 +42,8 @@ class QtBenutzer final : public Benutzer {
 
   private:
     QWidget* eltern_;
-    QPointer<QProgressDialog> fortschritt_;
+    CApplikation* app_ = nullptr;
+    QPointer<FortschrittFenster> fortschritt_;
 };
 
 // A catalogue text for the screen: "\r\n" and "\r" become line breaks.

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "app/CApplikation.h"
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 #include "platform/Dateisystem.h"
 #include "platform/Einzelinstanz.h"
 #include "platform/Speicher.h"
@@ -40,6 +40,7 @@ int main(int argc, char** argv) {
     ui::QtBenutzer benutzer;
     Einstellungen einstellungen;
     CApplikation app(benutzer, einstellungen);
+    benutzer.setzeApp(app);
     std::optional<unsigned> maske;
     if (parser.isSet(trace)) maske = parser.value(trace).toUInt();
     const std::string ordner =

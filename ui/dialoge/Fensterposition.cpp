@@ -1,14 +1,14 @@
-#include "ui/Fensterposition.h"
+#include "ui/dialoge/Fensterposition.h"
 
 #include <QWidget>
 #include <cstdio>
 #include <cstdlib>
 
-#include "base/Einstellungen.h"
+#include "app/CApplikation.h"
 
 namespace dv::ui {
 
-std::string fensterpositionText(const QWidget& fenster) {
+std::string fensterpositionText(const QWidget& fenster, const std::vector<int>& weitere) {
     const QRect r =
         fenster.normalGeometry().isValid() ? fenster.normalGeometry() : fenster.geometry();
     const long werte[10] = {0,
@@ -27,10 +27,11 @@ std::string fensterpositionText(const QWidget& fenster) {
         std::snprintf(teil, sizeof teil, "%ld,", w);
         text += teil;
     }
+    for (int w : weitere) text += std::to_string(w) + ",";
     return text;
 }
 
-bool wendeFensterpositionAn(QWidget& fenster, const std::string& text) {
+bool wendeFensterpositionAn(QWidget& fenster, const std::string& text, std::vector<int>* weitere) {
     long werte[10];
     const char* p = text.c_str();
     for (long& w : werte) {
@@ -45,16 +46,26 @@ bool wendeFensterpositionAn(QWidget& fenster, const std::string& text) {
     fenster.setGeometry(static_cast<int>(werte[6]), static_cast<int>(werte[7]),
                         static_cast<int>(breite), static_cast<int>(hoehe));
     if (werte[1] == 3) fenster.setWindowState(fenster.windowState() | Qt::WindowMaximized);
+    while (weitere && *p) {
+        char* ende = nullptr;
+        const long w = std::strtol(p, &ende, 10);
+        if (ende == p || *ende != ',') break;
+        weitere->push_back(static_cast<int>(w));
+        p = ende + 1;
+    }
     return true;
 }
 
-void stelleFensterWiederHer(QWidget& fenster, Einstellungen& einstellungen, const char* name) {
+void stelleFensterWiederHer(QWidget& fenster, Einstellungen& einstellungen, const char* name,
+                            std::vector<int>* weitere) {
     std::string text;
-    if (einstellungen.getFensterPosition(name, text)) wendeFensterpositionAn(fenster, text);
+    if (einstellungen.getFensterPosition(name, text))
+        wendeFensterpositionAn(fenster, text, weitere);
 }
 
-void speichereFenster(const QWidget& fenster, Einstellungen& einstellungen, const char* name) {
-    einstellungen.setFensterPosition(name, fensterpositionText(fenster));
+void speichereFenster(const QWidget& fenster, Einstellungen& einstellungen, const char* name,
+                      const std::vector<int>& weitere) {
+    einstellungen.setFensterPosition(name, fensterpositionText(fenster, weitere));
 }
 
 }  // namespace dv::ui

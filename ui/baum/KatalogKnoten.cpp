@@ -1,0 +1,87 @@
+#include "ui/baum/KatalogKnoten.h"
+
+#include <QApplication>
+#include <QStyle>
+
+#include "app/Zeichensatz.h"
+
+namespace dv::ui {
+
+std::unique_ptr<Knoten> neuerKnoten(unsigned art, long id, const std::string& text,
+                                    bool hatKinder) {
+    auto k = std::make_unique<Knoten>();
+    k->art = art;
+    k->id = id;
+    k->text = alsQString(text);
+    k->hatKinder = hatKinder;
+    return k;
+}
+
+std::unique_ptr<Knoten> boxKnoten(const BoxZeile& z) {
+    auto k = neuerKnoten(kBoxKnoten, z.id, z.titel, z.dvds > 0);
+    k->titel = z.titel;
+    k->ean = z.ean;
+    return k;
+}
+
+Kinder gruppenKnoten(const std::vector<Gruppe>& gruppen) {
+    Kinder liste;
+    for (const Gruppe& g : gruppen) {
+        auto gk = neuerKnoten(kGruppenKnoten, 0, g.text, !g.eintraege.empty());
+        gk->lookup = g.typ;
+        gk->geladen = true;
+        for (const GruppenEintrag& e : g.eintraege) {
+            auto ek = neuerKnoten(kEintragsKnoten, e.id, e.text, !e.unter.empty());
+            ek->geladen = true;
+            for (const std::string& u : e.unter) {
+                ek->kinder.push_back(neuerKnoten(kEintragsKnoten, 0, u, false));
+                ek->kinder.back()->geladen = true;
+            }
+            gk->kinder.push_back(std::move(ek));
+        }
+        liste.push_back(std::move(gk));
+    }
+    return liste;
+}
+
+QString schluesselVon(const Knoten& k) {
+    switch (k.art) {
+        case kBoxKnoten:
+            return QStringLiteral("b%1").arg(k.id);
+        case kDvdKnoten:
+            return QStringLiteral("d%1").arg(k.id);
+        case kFilmKnoten:
+            return QStringLiteral("f%1").arg(k.id);
+        case kGruppenKnoten:
+            return QStringLiteral("g%1").arg(k.lookup);
+        default:
+            return QStringLiteral("e%1:").arg(k.id) + k.text;
+    }
+}
+
+void nummeriere(Knoten& eltern, std::size_t ab) {
+    for (std::size_t i = ab; i < eltern.kinder.size(); ++i) {
+        eltern.kinder[i]->eltern = &eltern;
+        eltern.kinder[i]->zeile = static_cast<int>(i);
+    }
+}
+
+QIcon symbol(unsigned art) {
+    QStyle* stil = QApplication::style();
+    switch (art) {
+        case kWurzelKnoten:
+            return stil->standardIcon(QStyle::SP_DirHomeIcon);
+        case kBoxKnoten:
+            return stil->standardIcon(QStyle::SP_DirIcon);
+        case kDvdKnoten:
+            return stil->standardIcon(QStyle::SP_DriveDVDIcon);
+        case kFilmKnoten:
+            return stil->standardIcon(QStyle::SP_MediaPlay);
+        case kGruppenKnoten:
+            return stil->standardIcon(QStyle::SP_FileDialogDetailedView);
+        default:
+            return stil->standardIcon(QStyle::SP_FileIcon);
+    }
+}
+
+}  // namespace dv::ui

@@ -1,0 +1,33 @@
+#pragma once
+// Finding and collecting: search, watch lists, tags and stamp tags (also of the
+// current object), filters, the web import and the HTML overview. Each slot opens
+// its retrieval dialog; the retrieval dialogs fill these slots (until then they
+// say so).
+
+#include "ui/steuerung/Steuerung.h"
+
+namespace dv::ui {
+
+class RechercheSteuerung : public Steuerung {
+    Q_OBJECT
+  public:
+    explicit RechercheSteuerung(Fensterteile& teile) : Steuerung(teile) {}
+    void verbinde(Aktionen& aktionen) override;
+
+  public slots:
+    void suchen();
+    void vormerklisten();
+    void tagsSuchen();
+    void stempeltags();
+    void webImport();
+    void uebersicht();
+    void filter();
+    // The current box, DVD or film: its tags, its stamp tags, removing all its
+    // tags, putting it on a watch list.
+    void tags();
+    void stempeltagsDesObjekts();
+    void tagsEntfernen();
+    void vormerken();
+};
+
+}  // namespace dv::ui

@@ -1,0 +1,115 @@
+#include "ui/steuerung/SystemSteuerung.h"
+
+#include <QAction>
+#include <QTimer>
+
+#include "app/CApplikation.h"
+#include "app/Gedenken.h"
+#include "app/OptionenDienst.h"
+#include "app/Programminfo.h"
+#include "ui/aktionen/Aktionen.h"
+#include "ui/baum/KatalogAnsicht.h"
+#include "ui/dialoge/haupt/EingabeDlg.h"
+#include "ui/dialoge/haupt/InfoDlg.h"
+#include "ui/dialoge/haupt/OptionenDlg.h"
+
+namespace dv::ui {
+
+void DatenbankSteuerung::verbinde(Aktionen& a) {
+    a.verbinde(kCmdValidieren, this, &DatenbankSteuerung::validieren);
+}
+
+void DatenbankSteuerung::validieren() {
+    if (app().validiereDatenbank()) baum().ladeNeu();
+}
+
+void LaufwerkSteuerung::verbinde(Aktionen& a) {
+    using S = LaufwerkSteuerung;
+    a.verbinde(kCmdDvdInfo, this, &S::info);
+    a.verbinde(kCmdErkennen, this, &S::erkennen);
+    a.verbinde(kCmdAusfahren, this, &S::ausfahren);
+    a.verbinde(kCmdEinfahren, this, &S::einfahren);
+}
+
+void LaufwerkSteuerung::info() {
+    nochNichtVerfuegbar("DVD-Info");
+}
+
+void LaufwerkSteuerung::erkennen() {
+    nochNichtVerfuegbar("Erkennen");
+}
+
+void LaufwerkSteuerung::ausfahren() {
+    nochNichtVerfuegbar("Ausfahren");
+}
+
+void LaufwerkSteuerung::einfahren() {
+    nochNichtVerfuegbar("Einfahren");
+}
+
+void EinstellungenSteuerung::verbinde(Aktionen& a) {
+    using S = EinstellungenSteuerung;
+    a.verbinde(kCmdLaufwerk, this, &S::laufwerk);
+    a.verbinde(kCmdOptionen, this, &S::optionen);
+    a.verbinde(kCmdImportUrl, this, &S::importUrl);
+    a.verbinde(kCmdHintergrund, this, &S::hintergrund);
+}
+
+void EinstellungenSteuerung::laufwerk() {
+    nochNichtVerfuegbar("Dvd-Laufwerk");
+}
+
+void EinstellungenSteuerung::optionen() {
+    OptionenDienst dienst(app());
+    auto* dlg = new OptionenDlg(fenster(), app(), dienst.lade());
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dlg, &QDialog::accepted, this, [this, dlg] {
+        OptionenDienst d(app());
+        melde(d.speichere(dlg->werte()));
+    });
+    dlg->open();
+}
+
+void EinstellungenSteuerung::importUrl() {
+    std::string url;
+    app().einstellungen().getImportUrl(url);
+    auto* dlg = new EingabeDlg(fenster(), app(), "WP_importurl", QStringLiteral("Import-URL"),
+                               QStringLiteral("&Adresse des Import-Servers:"), url, kMaxImportUrl);
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dlg, &QDialog::accepted, this,
+            [this, dlg] { melde(speichereImportUrl(app(), dlg->text8())); });
+    dlg->open();
+}
+
+void EinstellungenSteuerung::hintergrund() {
+    nochNichtVerfuegbar("Hintergrundbild");
+}
+
+HilfeSteuerung::HilfeSteuerung(Fensterteile& teile) : Steuerung(teile), uhr_(new QTimer(this)) {
+    // Widgets belong to the GUI thread: the check runs there, once a second.
+    uhr_->setInterval(1000);
+    connect(uhr_, &QTimer::timeout, this, &HilfeSteuerung::pruefeGedenkzeit);
+    uhr_->start();
+}
+
+void HilfeSteuerung::verbinde(Aktionen& a) {
+    a.verbinde(kCmdInfo, this, &HilfeSteuerung::info);
+    a.verbinde(kCmdMemoriam, this, &HilfeSteuerung::memoriam);
+    pruefeGedenkzeit();
+}
+
+void HilfeSteuerung::pruefeGedenkzeit() {
+    if (QAction* a = teile_.aktionen.aktion(kCmdMemoriam)) a->setVisible(istGedenkzeit());
+}
+
+void HilfeSteuerung::info() {
+    auto* dlg = new InfoDlg(fenster(), app(), programmInfo(app()));
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    dlg->open();
+}
+
+void HilfeSteuerung::memoriam() {
+    benutzer().meldung("Memoriam", gedenkText(), Symbol::Information);
+}
+
+}  // namespace dv::ui

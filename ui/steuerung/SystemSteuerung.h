@@ -1,0 +1,66 @@
+#pragma once
+// The smaller menu areas, one controller each: "Daten&bank" (validation),
+// "D&VD" (disc information, recognition, tray), "&Einstellungen" (drive, options,
+// import address, background picture) and "&Hilfe" with the day's "&Memoriam".
+
+#include "ui/steuerung/Steuerung.h"
+
+class QTimer;
+
+namespace dv::ui {
+
+class DatenbankSteuerung : public Steuerung {
+    Q_OBJECT
+  public:
+    explicit DatenbankSteuerung(Fensterteile& teile) : Steuerung(teile) {}
+    void verbinde(Aktionen& aktionen) override;
+
+  public slots:
+    void validieren();
+};
+
+class LaufwerkSteuerung : public Steuerung {
+    Q_OBJECT
+  public:
+    explicit LaufwerkSteuerung(Fensterteile& teile) : Steuerung(teile) {}
+    void verbinde(Aktionen& aktionen) override;
+
+  public slots:
+    void info();
+    void erkennen();
+    void ausfahren();
+    void einfahren();
+};
+
+class EinstellungenSteuerung : public Steuerung {
+    Q_OBJECT
+  public:
+    explicit EinstellungenSteuerung(Fensterteile& teile) : Steuerung(teile) {}
+    void verbinde(Aktionen& aktionen) override;
+
+  public slots:
+    void laufwerk();
+    void optionen();
+    void importUrl();
+    void hintergrund();
+};
+
+class HilfeSteuerung : public Steuerung {
+    Q_OBJECT
+  public:
+    // Starts the once-a-second check of the day of remembrance.
+    explicit HilfeSteuerung(Fensterteile& teile);
+    void verbinde(Aktionen& aktionen) override;
+
+    // Shows or hides "&Memoriam" for the current time; the timer calls it.
+    void pruefeGedenkzeit();
+
+  public slots:
+    void info();
+    void memoriam();
+
+  private:
+    QTimer* uhr_;
+};
+
+}  // namespace dv::ui
