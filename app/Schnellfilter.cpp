@@ -14,4 +14,13 @@ bool Schnellfilter::passt(const std::string& titel, const std::string& ean) cons
     return leer_ || muster_.passt(titel) || muster_.passt(ean);
 }
 
+std::vector<long> findeBoxen(const std::vector<BoxZeile>& boxen, const std::string& muster,
+                             bool nachEan, bool grossKlein) {
+    std::vector<long> ids;
+    const Suchmuster m(ohneRandLeer(muster), grossKlein);
+    for (const BoxZeile& b : boxen)
+        if (m.passt(nachEan ? b.ean : b.titel)) ids.push_back(b.id);
+    return ids;
+}
+
 }  // namespace dv

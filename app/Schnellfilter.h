@@ -5,7 +5,9 @@
 // or EAN, as in the search. Letter case as the search's option says.
 
 #include <string>
+#include <vector>
 
+#include "app/Werte.h"
 #include "storage/Muster.h"
 
 namespace dv {
@@ -23,5 +25,11 @@ class Schnellfilter {
     Suchmuster muster_;
     bool leer_ = true;
 };
+
+// "Box-Titel finden" / "EAN finden": the ids of the boxes, in the order given
+// (the tree's), whose title or EAN matches the pattern as the search matches
+// ("*" and "?", the whole value, blanks at the pattern's ends ignored).
+std::vector<long> findeBoxen(const std::vector<BoxZeile>& boxen, const std::string& muster,
+                             bool nachEan, bool grossKlein);
 
 }  // namespace dv

@@ -13,7 +13,9 @@
 
 #include "app/CApplikation.h"
 #include "app/Zeichensatz.h"
+#include "ui/Uebergabe.h"
 #include "ui/aktionen/Aktionen.h"
+#include "ui/baum/DatenWaechter.h"
 #include "ui/baum/KatalogAnsicht.h"
 #include "ui/dialoge/Fensterposition.h"
 #include "ui/steuerung/BearbeitenSteuerung.h"
@@ -73,6 +75,7 @@ CDorvanoDlg::CDorvanoDlg(CApplikation& app, QWidget* eltern)
     };
     for (Steuerung* s : steuerungen) s->verbinde(*aktionen_);
 
+    waechter_ = new DatenWaechter(app_, *katalog_, this);
     connect(katalog_, &KatalogAnsicht::auswahlGeaendert, this, &CDorvanoDlg::auswahlGeaendert);
     connect(katalog_, &KatalogAnsicht::kontextMenueGewuenscht, this,
             [this](unsigned art, const QPoint& wo) {
@@ -95,6 +98,17 @@ CDorvanoDlg::~CDorvanoDlg() = default;
 
 void CDorvanoDlg::importiere(const QStringList& pfade) {
     daten_->importiereDateien(pfade);
+}
+
+bool CDorvanoDlg::empfangeUebergaben(const QString& name) {
+    auto* empfang = new UebergabeEmpfang(this);
+    connect(empfang, &UebergabeEmpfang::dateienErhalten, this, [this](const QStringList& pfade) {
+        if (isMinimized()) showNormal();
+        raise();
+        activateWindow();
+        importiere(pfade);
+    });
+    return empfang->starte(name);
 }
 
 void CDorvanoDlg::auswahlGeaendert() {

@@ -19,6 +19,7 @@ namespace dv::ui {
 class Aktionen;
 class CoverFeld;
 class DatenSteuerung;
+class DatenWaechter;
 class KatalogAnsicht;
 class Steuerung;
 struct Fensterteile;
@@ -34,9 +35,13 @@ class CDorvanoDlg : public QMainWindow {
     Aktionen& aktionen() const { return *aktionen_; }
     CoverFeld& cover() const { return *cover_; }
     DatenSteuerung& daten() const { return *daten_; }
+    DatenWaechter& waechter() const { return *waechter_; }
 
     // Imports box files as "&Importieren" does (dropped files, a second start).
     void importiere(const QStringList& pfade);
+    // Listens for the files of a second start under the socket name; the window
+    // comes to the front and imports them. False when it cannot listen.
+    bool empfangeUebergaben(const QString& name);
 
   protected:
     void closeEvent(QCloseEvent* ereignis) override;
@@ -54,6 +59,7 @@ class CDorvanoDlg : public QMainWindow {
     Aktionen* aktionen_;
     std::unique_ptr<Fensterteile> teile_;
     DatenSteuerung* daten_;
+    DatenWaechter* waechter_;
 };
 
 }  // namespace dv::ui

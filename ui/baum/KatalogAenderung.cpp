@@ -12,9 +12,7 @@ namespace dv::ui {
 
 void KatalogModell::geaendert(const Aenderung& a) {
     if (a.art == AenderungsArt::Alles || a.typ == AenderungsTyp::Katalog) {
-        emit wirdNeuGeladen();
         lade();
-        emit neuGeladen();
         return;
     }
     switch (a.typ) {

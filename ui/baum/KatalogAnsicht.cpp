@@ -87,7 +87,6 @@ KatalogAnsicht::KatalogAnsicht(CApplikation& app, QWidget* eltern)
     });
 
     modell_->lade();
-    stelleZustandHer();
 }
 
 QModelIndex KatalogAnsicht::ausQuelle(const QModelIndex& quelle) const {
@@ -165,9 +164,7 @@ void KatalogAnsicht::klappeBoxenZu() {
 }
 
 void KatalogAnsicht::ladeNeu() {
-    merkeZustand();
     modell_->lade();
-    stelleZustandHer();
 }
 
 void KatalogAnsicht::setzeKopierQuelle(int typ, long id) {

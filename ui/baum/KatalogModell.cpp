@@ -30,6 +30,7 @@ QString KatalogModell::wurzelText(int anzahl) {
 }
 
 void KatalogModell::lade() {
+    emit wirdNeuGeladen();
     beginResetModel();
     unsichtbar_->kinder.clear();
     auto wurzel = neuerKnoten(kWurzelKnoten, 0, "", true);
@@ -40,6 +41,7 @@ void KatalogModell::lade() {
     unsichtbar_->kinder.push_back(std::move(wurzel));
     nummeriere(*unsichtbar_);
     endResetModel();
+    emit neuGeladen();
     emit anzahlGeaendert(boxAnzahl());
 }
 

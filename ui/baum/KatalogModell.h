@@ -40,6 +40,7 @@ class KatalogModell : public QAbstractItemModel, public AenderungsBeobachter {
     ~KatalogModell() override;
 
     // Reads the root and the boxes anew; nothing below the boxes is loaded.
+    // Announced by wirdNeuGeladen() before and neuGeladen() after.
     void lade();
     QModelIndex wurzel() const;
     int boxAnzahl() const;
@@ -73,7 +74,7 @@ class KatalogModell : public QAbstractItemModel, public AenderungsBeobachter {
     void geaendert(const Aenderung& a) override;
 
   signals:
-    // The whole tree is about to be read anew / has been (notice Alles, F5).
+    // The whole tree is about to be read anew / has been (lade()).
     void wirdNeuGeladen();
     void neuGeladen();
     // The number of boxes changed.

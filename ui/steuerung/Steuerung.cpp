@@ -1,5 +1,7 @@
 #include "ui/steuerung/Steuerung.h"
 
+#include <QStatusBar>
+
 #include "app/CApplikation.h"
 #include "ui/baum/KatalogAnsicht.h"
 
@@ -25,6 +27,10 @@ bool Steuerung::melde(const Ergebnis& e) const {
 
 void Steuerung::hinweis(const std::string& text) const {
     benutzer().meldung(CApplikation::titel(), text, Symbol::Information);
+}
+
+void Steuerung::status(const QString& text) const {
+    if (auto* leiste = teile_.fenster.findChild<QStatusBar*>()) leiste->showMessage(text, 10000);
 }
 
 void Steuerung::nochNichtVerfuegbar(const char* befehl) const {

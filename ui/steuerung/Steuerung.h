@@ -6,6 +6,7 @@
 // through the application's Benutzer, so tests answer them with the scripted user.
 
 #include <QObject>
+#include <QString>
 #include <string>
 
 #include "ui/aktionen/Auswahl.h"
@@ -51,6 +52,8 @@ class Steuerung : public QObject {
     bool melde(const Ergebnis& e) const;
     // A short message under the program's title.
     void hinweis(const std::string& text) const;
+    // A line in the window's status bar.
+    void status(const QString& text) const;
     // Stands in for a command whose dialog is still being built.
     void nochNichtVerfuegbar(const char* befehl) const;
 

@@ -26,6 +26,8 @@ ui::CDorvanoDlg& Fenster::fenster() {
     if (!fenster_) {
         fenster_ = std::make_unique<ui::CDorvanoDlg>(app);
         fenster_->show();
+        // Shortcuts work only in the active window.
+        QApplication::setActiveWindow(fenster_.get());
     }
     return *fenster_;
 }
@@ -34,6 +36,14 @@ ui::CDorvanoDlg& Fenster::neuesFenster() {
     if (fenster_) fenster_->close();
     fenster_.reset();
     return fenster();
+}
+
+std::string Fenster::letzteFrage() const {
+    return benutzer.fragen.empty() ? std::string() : benutzer.fragen.back().text;
+}
+
+std::string Fenster::letzteMeldung() const {
+    return benutzer.meldungen.empty() ? std::string() : benutzer.meldungen.back().text;
 }
 
 bool Fenster::loese(const char* name) {

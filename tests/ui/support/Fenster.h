@@ -37,6 +37,10 @@ class Fenster {
     ui::CDorvanoDlg& neuesFenster();
     std::string programm() const { return tmp / "programm/"; }
 
+    // The text of the last question and message of the scripted user ("" if none).
+    std::string letzteFrage() const;
+    std::string letzteMeldung() const;
+
     // Triggers the command whose action is named name ("cmd40009"); false when
     // there is no such action or it is disabled.
     bool loese(const char* name);
