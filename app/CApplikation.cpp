@@ -4,6 +4,7 @@
 
 #include "base/Datenversion.h"
 #include "base/Optionen.h"
+#include "storage/Schreibvorgang.h"
 
 namespace dv {
 
@@ -44,10 +45,59 @@ bool CApplikation::starte(const std::string& programmOrdner, std::optional<unsig
 
     umgebung_.datenOrdner = ordner_.daten;
     if (!fs_.istOrdner(ordner_.daten)) return false;
+    bereiteSchreibenVor();
+    stelleWiederHer(umgebung_);
     katalog().erzeugeDatenbank();
     // The default overview templates, unless the user has files of those names.
     installiereStandardVorlagen(fs_, ordner_.vorlagen);
     return true;
+}
+
+void CApplikation::bereiteSchreibenVor() {
+    umgebung_.begleitOrdner = {ordner_.cover, ordner_.kommentar, ordner_.inhalt, ordner_.tags};
+    sperre_ = dateiSperre(ordner_.programm + kSchreibsperreDatei);
+    umgebung_.sperre = sperre_.get();
+    umgebung_.beiWiederherstellung = [this](Wiederherstellung w) {
+        const char* text = nullptr;
+        switch (w) {
+            case Wiederherstellung::Zurueckgenommen:
+                text =
+                    "Ein unterbrochener Schreibvorgang wurde zurückgenommen: der Katalog steht "
+                    "wieder wie vor seinem Beginn.";
+                break;
+            case Wiederherstellung::Verworfen:
+                text =
+                    "Ein unvollständiges Journal wurde verworfen: der unterbrochene "
+                    "Schreibvorgang hatte noch nichts geändert.";
+                break;
+            case Wiederherstellung::Fehlgeschlagen:
+                text =
+                    "Ein unterbrochener Schreibvorgang konnte nicht zurückgenommen werden. "
+                    "Bis das gelingt, wird der Katalog nicht geändert.";
+                break;
+            default:
+                return;
+        }
+        haengeZeileAn(fs_, ordner_.meldungen + "meldung.log",
+                      Protokoll::zeitstempel() + " " + text);
+    };
+    umgebung_.beiHindernis = [this](Hindernis h) {
+        const char* text = "Der Katalog kann gerade nicht geändert werden.";
+        if (h == Hindernis::AndererSchreiber)
+            text =
+                "Der Katalog wird gerade von einem anderen Programm geändert.\n"
+                "Bitte versuchen Sie es gleich noch einmal; es wurde nichts geändert.";
+        else if (h == Hindernis::NichtBeschreibbar)
+            text =
+                "Der Katalog kann nicht geändert werden: im Programmordner lässt sich keine "
+                "Schreibsperre anlegen (schreibgeschützter Datenträger oder fehlende Rechte).\n"
+                "Es wurde nichts geändert.";
+        else if (h == Hindernis::Journal)
+            text =
+                "Ein unterbrochener Schreibvorgang konnte nicht zurückgenommen werden "
+                "(siehe Meldungen/meldung.log).\nEs wurde nichts geändert.";
+        benutzer_.meldung("Warnung", text, Symbol::Warnung);
+    };
 }
 
 bool CApplikation::pruefeDatenversion() {

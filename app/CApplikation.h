@@ -35,8 +35,10 @@ class CApplikation {
     CApplikation& operator=(const CApplikation&) = delete;
 
     // Start-up below the program folder: the trace log "zelka.log", the eleven
-    // working folders, the message folder, then the tables (missing files created,
-    // functions seeded). traceMaske replaces the stored mask when given.
+    // working folders, the message folder, the writer lock, the rollback of an
+    // operation that a crash left unfinished (noted in the message log), then the
+    // tables (missing files created, functions seeded). traceMaske replaces the
+    // stored mask when given.
     // False when the program folder or its data folder cannot be created.
     bool starte(const std::string& programmOrdner, std::optional<unsigned> traceMaske = {});
 
@@ -93,12 +95,17 @@ class CApplikation {
     FarbZaehler& farbZaehler() { return farben_; }
 
   private:
+    // The writer lock of the program folder and the hooks through which the
+    // storage layer's reports reach the user and the message log.
+    void bereiteSchreibenVor();
+
     Benutzer& benutzer_;
     Einstellungen& einstellungen_;
     Dateisystem& fs_;
     Protokoll protokoll_;
     Ordner ordner_;
     SpeicherUmgebung umgebung_;
+    std::unique_ptr<Schreibsperre> sperre_;
     std::unique_ptr<Datenbank> db_;
     FarbZaehler farben_;
     std::unique_ptr<FilterVerwaltung> filter_;

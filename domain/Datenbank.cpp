@@ -9,6 +9,13 @@ namespace dv {
 Datenbank::Datenbank(SpeicherUmgebung& umgebung, const Ordner& ordner)
     : umgebung_(umgebung), ordner_(ordner), katalog_(umgebung) {}
 
+Schreibvorgang Datenbank::vorgang() {
+    // The folders are read now: start-up sets them after construction.
+    if (!umgebung_.laufend.vorgang)
+        umgebung_.begleitOrdner = {ordner_.cover, ordner_.kommentar, ordner_.inhalt, ordner_.tags};
+    return Schreibvorgang(umgebung_);
+}
+
 bool Datenbank::leseInhalt(long filmId, std::string& text) {
     return leseSeitenDatei(fs(), ordner_.inhalt, filmId, text);
 }

@@ -16,6 +16,7 @@
 #include "base/Ordner.h"
 #include "domain/Objekte.h"
 #include "storage/Katalog.h"
+#include "storage/Schreibvorgang.h"
 
 namespace dv {
 
@@ -56,6 +57,11 @@ class Datenbank {
     Datenbank& operator=(const Datenbank&) = delete;
 
     Katalog& katalog() { return katalog_; }
+    // The all-or-nothing scope of a write operation on this catalogue, its side
+    // folders (covers, texts, tags) included; see storage/Schreibvorgang.h. Every
+    // operation below that changes several records opens one, so it joins a
+    // scope that its caller opened around several of them.
+    Schreibvorgang vorgang();
     const Ordner& ordner() const { return ordner_; }
     SpeicherUmgebung& umgebung() { return umgebung_; }
     Trace& trace() { return *umgebung_.trace; }
@@ -151,7 +157,7 @@ class Datenbank {
 
     // ---- Delete cascades: the object with every link row, watch-list row, tag
     // file and side file that belongs to it. Lookups and persons stay.
-    // False when the object's own row could not be deleted.
+    // All or nothing; false when the object could not be deleted.
     bool loescheBox(long boxId);
     bool loescheDvd(long dvdId);
     bool loescheFilm(long filmId);
@@ -165,9 +171,7 @@ class Datenbank {
     // The first entry of that name, ASCII letter case ignored; 0 when none.
     long findeLookup(int typ, const std::string& name);
 
-    // ---- Creating and changing objects. Writes are ordered so that a failure
-    // midway leaves at worst a row that nothing references (validation removes
-    // it), never a link that names a missing row.
+    // ---- Creating and changing objects. Each is one operation: whole or not at all.
     long neueBox(const std::string& ean, const std::string& titel, long verpackung,
                  long zusatz = 0);
     // A DVD (the fields of dvd after the id) placed after the box's last DVD.
@@ -211,9 +215,8 @@ class Datenbank {
 
   private:
     class Geloescht;
-    // linksZuerst: see loeschePersonVerknuepfung; used to clear away a half-made copy.
-    void loescheFilmIntern(long filmId, Geloescht& g, bool linksZuerst = false);
-    void loescheDvdIntern(long dvdId, Geloescht& g, bool linksZuerst = false);
+    void loescheFilmIntern(long filmId, Geloescht& g);
+    void loescheDvdIntern(long dvdId, Geloescht& g);
     // A Film_Person row with its aliases. The cascade deletes each Alias row before
     // its Film_Alias link; linksZuerst turns that round, so that a failure midway
     // never leaves a link to a missing alias.

@@ -41,7 +41,7 @@ void Datenbank::loeschePersonVerknuepfung(long filmPersonId, Geloescht& g, bool 
     g.entferne(katalog_.Film_Person, filmPersonId);
 }
 
-void Datenbank::loescheFilmIntern(long filmId, Geloescht& g, bool linksZuerst) {
+void Datenbank::loescheFilmIntern(long filmId, Geloescht& g) {
     if (filmId <= 0) return;
     loescheTags(fs(), ordner_.tags, kObjektFilm, filmId);
     {
@@ -53,7 +53,7 @@ void Datenbank::loescheFilmIntern(long filmId, Geloescht& g, bool linksZuerst) {
             for (ListenElement* n = l.get(); n; n = n->pNext)
                 personen.push_back(Tabelle3::zeile(n).Id);
         }
-        for (long fp : personen) loeschePersonVerknuepfung(fp, g, linksZuerst);
+        for (long fp : personen) loeschePersonVerknuepfung(fp, g);
     }
     const Zeile2 vomFilm = linkVon(filmId, 0);
     g.alle(katalog_.Film_Fkt, vomFilm);
@@ -74,7 +74,7 @@ void Datenbank::loescheFilmIntern(long filmId, Geloescht& g, bool linksZuerst) {
     loescheAlleTagDateien(fs(), ordner_.tags, kObjektFilm, filmId);
 }
 
-void Datenbank::loescheDvdIntern(long dvdId, Geloescht& g, bool linksZuerst) {
+void Datenbank::loescheDvdIntern(long dvdId, Geloescht& g) {
     if (dvdId <= 0) return;
     loescheTags(fs(), ordner_.tags, kObjektDvd, dvdId);
     std::vector<Zeile2> filme;
@@ -83,7 +83,7 @@ void Datenbank::loescheDvdIntern(long dvdId, Geloescht& g, bool linksZuerst) {
         for (ListenElement* n = l.get(); n; n = n->pNext) filme.push_back(Tabelle2::zeile(n));
     }
     for (const Zeile2& f : filme) {
-        loescheFilmIntern(f.Objekt1_Id, g, linksZuerst);
+        loescheFilmIntern(f.Objekt1_Id, g);
         g.entferne(katalog_.DVD_Film, f.Id);
     }
     Zeile7 inBoxen{};
@@ -96,21 +96,24 @@ void Datenbank::loescheDvdIntern(long dvdId, Geloescht& g, bool linksZuerst) {
 }
 
 bool Datenbank::loescheFilm(long filmId) {
-    if (!katalog_.Film.eine(filmId)) return false;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.Film.eine(filmId)) return false;
     Geloescht g;
     loescheFilmIntern(filmId, g);
-    return !katalog_.Film.eine(filmId);
+    return !katalog_.Film.eine(filmId) && v.abschliessen();
 }
 
 bool Datenbank::loescheDvd(long dvdId) {
-    if (!katalog_.DVD.eine(dvdId)) return false;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.DVD.eine(dvdId)) return false;
     Geloescht g;
     loescheDvdIntern(dvdId, g);
-    return !katalog_.DVD.eine(dvdId);
+    return !katalog_.DVD.eine(dvdId) && v.abschliessen();
 }
 
 bool Datenbank::loescheBox(long boxId) {
-    if (!katalog_.Box.eine(boxId)) return false;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.Box.eine(boxId)) return false;
     Geloescht g;
     std::vector<Zeile7> dvds;
     {
@@ -128,7 +131,7 @@ bool Datenbank::loescheBox(long boxId) {
     g.entferne(katalog_.Box, boxId);
     loescheTags(fs(), ordner_.tags, kObjektBox, boxId);
     loescheAlleTagDateien(fs(), ordner_.tags, kObjektBox, boxId);
-    return !katalog_.Box.eine(boxId);
+    return !katalog_.Box.eine(boxId) && v.abschliessen();
 }
 
 // ---- Lookups ---------------------------------------------------------------
@@ -186,34 +189,31 @@ long Datenbank::neueBox(const std::string& ean, const std::string& titel, long v
 }
 
 long Datenbank::neueDvd(long boxId, const Zeile9& dvd) {
-    if (!katalog_.Box.eine(boxId)) return 0;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.Box.eine(boxId)) return 0;
     Zeile7 beispiel{};
     beispiel.Box_Id = static_cast<std::int32_t>(boxId);
     const int pos = naechstePos(katalog_.DVD_Box, beispiel);
     if (pos > 0xFFFF) return 0;  // positions are full until validation renumbers them
     const long id = katalog_.DVD.insert(dvd);
-    if (id <= 0) return 0;
-    if (katalog_.DVD_Box.insert(boxId, id, 0, pos) <= 0) {
-        katalog_.DVD.remove(id, true);
+    if (id <= 0 || katalog_.DVD_Box.insert(boxId, id, 0, pos) <= 0) {
+        v.verwerfen();
         return 0;
     }
-    return id;
+    return v.abschliessen() ? id : 0;
 }
 
 long Datenbank::neuerFilm(long dvdId, const std::string& titel, int fsk, int laenge, int jahr) {
-    if (!katalog_.DVD.eine(dvdId)) return 0;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.DVD.eine(dvdId)) return 0;
     const int pos = naechstePos(katalog_.DVD_Film, linkVon(dvdId, 0));
     if (pos > 0xFFFF) return 0;
     const long id = katalog_.Film.insert(fsk, laenge, jahr);
-    if (id <= 0) return 0;
-    bool ok = titel.empty() || katalog_.Titel.insert(id, kTitelHaupt, titel.c_str(), 1) > 0;
+    bool ok = id > 0;
+    if (ok) ok = titel.empty() || katalog_.Titel.insert(id, kTitelHaupt, titel.c_str(), 1) > 0;
     if (ok) ok = katalog_.DVD_Film.insert(dvdId, id, pos) > 0;
-    if (!ok) {
-        Geloescht g;
-        loescheFilmIntern(id, g, true);
-        return 0;
-    }
-    return id;
+    if (!ok) v.verwerfen();
+    return v.abschliessen() ? id : 0;
 }
 
 bool Datenbank::aendereBox(long id, const std::string& ean, const std::string& titel,

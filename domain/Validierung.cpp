@@ -313,6 +313,9 @@ bool validiereDatenbank(Datenbank& db, Benutzer& benutzer, const std::string& lo
     ValidierungsErgebnis& erg = ergebnis ? *ergebnis : eigenes;
     erg = ValidierungsErgebnis{};
     if (!benutzer.frage("Hinweis...", kFrage)) return false;
+    // The backup and every repair as one operation: a crash midway repairs nothing.
+    auto vorgang = db.vorgang();
+    if (!vorgang.offen()) return false;
 
     benutzer.fortschritt("Datenbank validieren.", 0, 3);
     erg.sicherung = sichereDatenOrdner(db.fs(), db.ordner().daten, backupOrdner);
@@ -342,6 +345,13 @@ bool validiereDatenbank(Datenbank& db, Benutzer& benutzer, const std::string& lo
         log.zeile("Ende-Datum: %02d.%02d.%04d", ende.tag, ende.monat, ende.jahr);
         log.zeile("Ende-Zeit : %02d:%02d:%02d", ende.stunde, ende.minute, ende.sekunde);
         log.zeile("<= Datenbank-Validierung beendet");
+    }
+    if (!vorgang.abschliessen()) {
+        benutzer.meldung("Fehler...",
+                         "Die Korrekturen der Validierung konnten nicht gespeichert werden.\n"
+                         "Die Datenbank ist unverändert.",
+                         Symbol::Fehler);
+        return false;
     }
     benutzer.meldung("Datenbank", "Die Validierung ist abgeschlossen.", Symbol::Information);
     return true;

@@ -39,6 +39,12 @@ bool ersetze(T& tab, const typename T::Zeile& alt, std::size_t n, F&& neu) {
     return ok;
 }
 
+// The result of an operation that wrote through v: true when its own work
+// succeeded and its end made it durable.
+bool schliesse(Schreibvorgang& v, bool ok) {
+    return v.abschliessen() && ok;
+}
+
 bool alleGueltig(const std::vector<long>& ids) {
     for (long id : ids)
         if (id <= 0) return false;
@@ -48,7 +54,8 @@ bool alleGueltig(const std::vector<long>& ids) {
 }  // namespace
 
 bool Datenbank::schreibeFilmTitel(long filmId, const FilmTitel& titel) {
-    if (!katalog_.Film.eine(filmId)) return false;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.Film.eine(filmId)) return false;
     std::vector<std::pair<int, const std::string*>> rows;
     if (!titel.haupt.empty()) rows.push_back({kTitelHaupt, &titel.haupt});
     if (!titel.original.empty()) rows.push_back({kTitelOriginal, &titel.original});
@@ -56,21 +63,25 @@ bool Datenbank::schreibeFilmTitel(long filmId, const FilmTitel& titel) {
         if (!w.empty()) rows.push_back({kTitelAlternativ, &w});
     Zeile4 alt{};
     alt.Fremd_Id = static_cast<std::int32_t>(filmId);
-    return ersetze(katalog_.Titel, alt, rows.size(), [&](std::size_t i, int pos) {
-        return katalog_.Titel.insert(filmId, rows[i].first, rows[i].second->c_str(), pos);
-    });
+    return schliesse(v, ersetze(katalog_.Titel, alt, rows.size(), [&](std::size_t i, int pos) {
+                         return katalog_.Titel.insert(filmId, rows[i].first,
+                                                      rows[i].second->c_str(), pos);
+                     }));
 }
 
 bool Datenbank::schreibeFilmSprachen(long filmId,
                                      const std::vector<std::pair<long, long>>& sprachen) {
     for (const auto& [s, t] : sprachen)
         if (s <= 0 || t <= 0) return false;
-    if (!katalog_.Film.eine(filmId)) return false;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.Film.eine(filmId)) return false;
     Zeile6 alt{};
     alt.Film_Id = static_cast<std::int32_t>(filmId);
-    return ersetze(katalog_.Film_Sprachen, alt, sprachen.size(), [&](std::size_t i, int pos) {
-        return katalog_.Film_Sprachen.insert(filmId, sprachen[i].first, sprachen[i].second, pos);
-    });
+    return schliesse(
+        v, ersetze(katalog_.Film_Sprachen, alt, sprachen.size(), [&](std::size_t i, int pos) {
+            return katalog_.Film_Sprachen.insert(filmId, sprachen[i].first, sprachen[i].second,
+                                                 pos);
+        }));
 }
 
 bool Datenbank::schreibeFilmObjekte(long filmId, int typ, const std::vector<long>& ids) {
@@ -91,18 +102,22 @@ bool Datenbank::schreibeFilmObjekte(long filmId, int typ, const std::vector<long
         default:
             return false;
     }
-    if (!alleGueltig(ids) || !katalog_.Film.eine(filmId)) return false;
-    return ersetze(*tab, linkVon(filmId, 0), ids.size(),
-                   [&](std::size_t i, int pos) { return tab->insert(filmId, ids[i], pos); });
+    auto v = vorgang();
+    if (!v.offen() || !alleGueltig(ids) || !katalog_.Film.eine(filmId)) return false;
+    return schliesse(v, ersetze(*tab, linkVon(filmId, 0), ids.size(), [&](std::size_t i, int pos) {
+                         return tab->insert(filmId, ids[i], pos);
+                     }));
 }
 
 bool Datenbank::schreibeExtras(int typ, long owner, const std::vector<long>& ids) {
+    auto v = vorgang();
     Tabelle2* tab = nullptr;
     if (typ == kTypExtras && katalog_.DVD.eine(owner)) tab = &katalog_.DVD_Extras;
     if (typ == kTypBoxExtras && katalog_.Box.eine(owner)) tab = &katalog_.Box_Extras;
-    if (!tab || !alleGueltig(ids)) return false;
-    return ersetze(*tab, linkVon(owner, 0), ids.size(),
-                   [&](std::size_t i, int pos) { return tab->insert(owner, ids[i], pos); });
+    if (!v.offen() || !tab || !alleGueltig(ids)) return false;
+    return schliesse(v, ersetze(*tab, linkVon(owner, 0), ids.size(), [&](std::size_t i, int pos) {
+                         return tab->insert(owner, ids[i], pos);
+                     }));
 }
 
 namespace {
@@ -131,7 +146,8 @@ bool neueAlias(Katalog& k, long filmPersonId, const std::vector<std::string>& na
 }  // namespace
 
 bool Datenbank::schreibeFilmAlias(long filmPersonId, const std::vector<std::string>& namen) {
-    if (filmPersonId <= 0 || !katalog_.Film_Person.eine(filmPersonId)) return false;
+    auto v = vorgang();
+    if (!v.offen() || filmPersonId <= 0 || !katalog_.Film_Person.eine(filmPersonId)) return false;
     const std::vector<Zeile2> alte = zeilen(katalog_.Film_Alias, linkVon(filmPersonId, 0));
     std::vector<Zeile2> neue;
     const bool ok = neueAlias(katalog_, filmPersonId, namen, neue);
@@ -140,13 +156,14 @@ bool Datenbank::schreibeFilmAlias(long filmPersonId, const std::vector<std::stri
         g.entferne(katalog_.Film_Alias, z.Id);
         if (z.Objekt1_Id > 0) g.entferne(katalog_.Alias, z.Objekt1_Id);
     }
-    return ok;
+    return schliesse(v, ok);
 }
 
 bool Datenbank::schreibeFilmPersonen(long filmId, const std::vector<PersonEintrag>& personen) {
     for (const PersonEintrag& p : personen)
         if (p.person <= 0 || p.funktion <= 0) return false;
-    if (!katalog_.Film.eine(filmId)) return false;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.Film.eine(filmId)) return false;
     Zeile3 alt{};
     alt.Film_Id = static_cast<std::int32_t>(filmId);
     std::vector<long> alte;
@@ -169,7 +186,7 @@ bool Datenbank::schreibeFilmPersonen(long filmId, const std::vector<PersonEintra
     }
     Geloescht g;
     for (long fp : ok ? alte : neue) loeschePersonVerknuepfung(fp, g, true);
-    return ok;
+    return schliesse(v, ok);
 }
 
 // ---- Moving within the owner ------------------------------------------------
@@ -207,25 +224,28 @@ bool tausche(T& tab, const typename T::Zeile& beispiel, Ziel& ziel, Id zielId, l
 }  // namespace
 
 bool Datenbank::verschiebeDvd(long boxId, long dvdId, bool hoch) {
-    if (boxId <= 0 || dvdId <= 0) return false;
+    auto v = vorgang();
+    if (!v.offen() || boxId <= 0 || dvdId <= 0) return false;
     Zeile7 beispiel{};
     beispiel.Box_Id = static_cast<std::int32_t>(boxId);
-    return tausche(
-        katalog_.DVD_Box, beispiel, katalog_.DVD, [](const Zeile7& z) { return z.DVD_Id; }, dvdId,
-        hoch, trace(),
-        [&](const Zeile7& z, int pos) {
-            return katalog_.DVD_Box.update(z.Id, z.Box_Id, z.DVD_Id, z.Sammelbox_Id, pos);
-        });
+    return schliesse(v, tausche(
+                            katalog_.DVD_Box, beispiel, katalog_.DVD,
+                            [](const Zeile7& z) { return z.DVD_Id; }, dvdId, hoch, trace(),
+                            [&](const Zeile7& z, int pos) {
+                                return katalog_.DVD_Box.update(z.Id, z.Box_Id, z.DVD_Id,
+                                                               z.Sammelbox_Id, pos);
+                            }));
 }
 
 bool Datenbank::verschiebeFilm(long dvdId, long filmId, bool hoch) {
-    if (dvdId <= 0 || filmId <= 0) return false;
-    return tausche(
-        katalog_.DVD_Film, linkVon(dvdId, 0), katalog_.Film,
-        [](const Zeile2& z) { return z.Objekt1_Id; }, filmId, hoch, trace(),
-        [&](const Zeile2& z, int pos) {
-            return katalog_.DVD_Film.update(z.Id, z.DVD_Id, z.Objekt1_Id, pos);
-        });
+    auto v = vorgang();
+    if (!v.offen() || dvdId <= 0 || filmId <= 0) return false;
+    return schliesse(v, tausche(
+                            katalog_.DVD_Film, linkVon(dvdId, 0), katalog_.Film,
+                            [](const Zeile2& z) { return z.Objekt1_Id; }, filmId, hoch, trace(),
+                            [&](const Zeile2& z, int pos) {
+                                return katalog_.DVD_Film.update(z.Id, z.DVD_Id, z.Objekt1_Id, pos);
+                            }));
 }
 
 // ---- Copying ------------------------------------------------------------------
@@ -274,30 +294,22 @@ long Datenbank::kopiereFilmOhneLink(long filmId) {
         }
     }
     if (ok) ok = kopiereFilmInhalt(filmId, neu);
-    if (!ok) {
-        Geloescht g;
-        loescheFilmIntern(neu, g, true);
-        return 0;
-    }
-    return neu;
+    return ok ? neu : 0;
 }
 
 long Datenbank::kopiereFilm(long filmId, long zielDvdId) {
-    if (!katalog_.DVD.eine(zielDvdId)) return 0;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.DVD.eine(zielDvdId)) return 0;
     const int pos = naechstePos(katalog_.DVD_Film, linkVon(zielDvdId, 0));
     if (pos > 0xFFFF) return 0;
     const long neu = kopiereFilmOhneLink(filmId);
-    if (neu <= 0) return 0;
-    if (katalog_.DVD_Film.insert(zielDvdId, neu, pos) <= 0) {
-        Geloescht g;
-        loescheFilmIntern(neu, g, true);
-        return 0;
-    }
-    return neu;
+    if (neu <= 0 || katalog_.DVD_Film.insert(zielDvdId, neu, pos) <= 0) v.verwerfen();
+    return v.abschliessen() ? neu : 0;
 }
 
 long Datenbank::kopiereDvd(long dvdId, long zielBoxId) {
-    if (!katalog_.Box.eine(zielBoxId)) return 0;
+    auto v = vorgang();
+    if (!v.offen() || !katalog_.Box.eine(zielBoxId)) return 0;
     auto quelle = katalog_.DVD.eine(dvdId);
     if (!quelle) return 0;
     Katalog& k = katalog_;
@@ -315,18 +327,10 @@ long Datenbank::kopiereDvd(long dvdId, long zielBoxId) {
         if (!k.Film.eine(z.Objekt1_Id)) continue;  // a link to nothing is not copied
         const long film = kopiereFilmOhneLink(z.Objekt1_Id);
         ok = film > 0 && k.DVD_Film.insert(neu, film, z.Pos) > 0;
-        if (!ok && film > 0) {
-            Geloescht g;
-            loescheFilmIntern(film, g, true);
-        }
     }
     if (ok) ok = k.DVD_Box.insert(zielBoxId, neu, 0, pos) > 0;
-    if (!ok) {
-        Geloescht g;
-        loescheDvdIntern(neu, g, true);
-        return 0;
-    }
-    return neu;
+    if (!ok) v.verwerfen();
+    return v.abschliessen() ? neu : 0;
 }
 
 }  // namespace dv

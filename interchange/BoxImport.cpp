@@ -92,23 +92,7 @@ ImportErgebnis BoxImport::importiere(const BoxLeser& leser) {
     ImportBox b;
     if (!v.daten || !zerlegeBoxDaten(leser.daten(), b)) return ImportErgebnis::KeineBoxDatei;
 
-    if (!v.ean.empty()) {
-        std::string ean, titel;
-        db_.katalog().Box.scanne([&](const Zeile12& z) {
-            if (ean.empty() && v.ean == z.cpEAN) {
-                ean = z.cpEAN;
-                titel = z.cpText;
-            }
-        });
-        if (!ean.empty()) {
-            if (!optionen.doppelteStill)
-                benutzer_.meldung("Import-Fehler",
-                                  "Eine Box mit dieser EAN [" + ean +
-                                      "]\nexistiert bereits im System.\n{\"" + titel + "\"}",
-                                  Symbol::Fehler);
-            return ImportErgebnis::Doppelt;
-        }
-    }
+    if (doppelt(v.ean)) return ImportErgebnis::Doppelt;
     if (optionen.boxBestaetigen &&
         !benutzer_.frage("Box importieren ?",
                          "Soll die folgende Box importiert werden:\n{\"" + v.titel +
@@ -118,8 +102,26 @@ ImportErgebnis BoxImport::importiere(const BoxLeser& leser) {
 
     beginneProtokoll(b, leser.kopf());
     if (!loeseAuf(b)) return ImportErgebnis::Abgebrochen;
-    if (fehler_ || !erzeuge(b, leser)) return ImportErgebnis::Fehler;
-    return ImportErgebnis::Importiert;
+    if (fehler_) return ImportErgebnis::Fehler;
+    return erzeuge(b, leser);
+}
+
+bool BoxImport::doppelt(const std::string& gesucht) {
+    if (gesucht.empty()) return false;
+    std::string ean, titel;
+    db_.katalog().Box.scanne([&](const Zeile12& z) {
+        if (ean.empty() && gesucht == z.cpEAN) {
+            ean = z.cpEAN;
+            titel = z.cpText;
+        }
+    });
+    if (ean.empty()) return false;
+    if (!optionen.doppelteStill)
+        benutzer_.meldung("Import-Fehler",
+                          "Eine Box mit dieser EAN [" + ean +
+                              "]\nexistiert bereits im System.\n{\"" + titel + "\"}",
+                          Symbol::Fehler);
+    return true;
 }
 
 void BoxImport::schreibeCover(long boxId, const BoxLeser& leser) {
@@ -135,24 +137,23 @@ void BoxImport::schreibeCover(long boxId, const BoxLeser& leser) {
     if (!schreibeAlles(db_.fs(), pfad, leser.bild())) db_.fs().loesche(pfad);
 }
 
-bool BoxImport::erzeuge(const ImportBox& b, const BoxLeser& leser) {
+ImportErgebnis BoxImport::erzeuge(const ImportBox& b, const BoxLeser& leser) {
+    auto vorgang = db_.vorgang();
+    if (!vorgang.offen()) return ImportErgebnis::Fehler;
+    // Another program may have brought the same box in while the questions ran.
+    if (doppelt(b.ean)) return ImportErgebnis::Doppelt;
     DV_TRACE(db_.trace(), kTraceDetail16, "NeueBox()");
     const long boxId = db_.neueBox(b.ean, b.titel, b.verpackung.id);
-    if (boxId <= 0) return false;
-    bool ok = true;
+    bool ok = boxId > 0;
     if (const auto e = ids(b.extras); !e.empty()) ok = db_.schreibeExtras(kTypBoxExtras, boxId, e);
     if (ok && !b.tags.empty())
         ok = schreibeTags(db_.fs(), ordner_.tags, kObjektBox, boxId, tagsAusText(b.tags));
     if (ok) schreibeCover(boxId, leser);
     for (std::size_t i = 0; ok && i < b.dvds.size(); ++i) ok = erzeugeDvd(boxId, b.dvds[i]);
-    if (!ok) {
-        db_.loescheBox(boxId);
-        for (int typ : {box::kBildBmp, box::kBildJpg, box::kBildGif})
-            db_.fs().loesche(ordner_.cover + std::to_string(boxId) + "." + box::bildEndung(typ));
-        return false;
-    }
+    if (!ok) vorgang.verwerfen();
+    if (!vorgang.abschliessen()) return ImportErgebnis::Fehler;
     boxId_ = boxId;
-    return true;
+    return ImportErgebnis::Importiert;
 }
 
 bool BoxImport::erzeugeDvd(long boxId, const ImportDvd& d) {

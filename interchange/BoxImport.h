@@ -75,7 +75,10 @@ class BoxImport {
     void zeile(const std::string& text);
     bool loeseAuf(ImportBox& box);
     bool loeseFilmAuf(ImportFilm& f);
-    bool erzeuge(const ImportBox& box, const BoxLeser& leser);
+    // A box of that EAN is in the catalogue: said unless quiet; true then.
+    bool doppelt(const std::string& ean);
+    // The box with everything below it, as one operation: whole or not at all.
+    ImportErgebnis erzeuge(const ImportBox& box, const BoxLeser& leser);
     bool erzeugeDvd(long boxId, const ImportDvd& d);
     bool erzeugeFilm(long dvdId, const ImportFilm& f);
     void schreibeCover(long boxId, const BoxLeser& leser);

@@ -173,11 +173,12 @@ std::vector<long> FilterVerwaltung::eintraege(long filterId, int typ, long inter
 }
 
 bool FilterVerwaltung::loesche(long filterId) {
-    if (filterId <= 0 || !db_.katalog().FilterName.eine(filterId)) return false;
+    auto v = db_.vorgang();
+    if (!v.offen() || filterId <= 0 || !db_.katalog().FilterName.eine(filterId)) return false;
     auto& filter = db_.katalog().Filter;
     for (long id : eintraege(filterId, 0, 0)) filter.remove(id, false);
     filter.init();
-    const bool ok = db_.katalog().FilterName.remove(filterId, true);
+    const bool ok = db_.katalog().FilterName.remove(filterId, true) && v.abschliessen();
     for (ExportArt art : {ExportArt::BoxDatei, ExportArt::Xml}) {
         long aktiv = 0;
         if (leseEinstellung(art, aktiv) && aktiv == filterId) {
@@ -198,21 +199,24 @@ bool FilterVerwaltung::setzeEintrag(long filterId, int typ, long intern,
     if (extern_.empty()) return loescheEintrag(filterId, typ, intern);
     // The table has no update: the new record first, then the old ones go, so a
     // failure leaves the old translation in place.
+    auto v = db_.vorgang();
     const std::vector<long> alte = eintraege(filterId, typ, intern);
     auto& filter = db_.katalog().Filter;
-    if (filter.insert(filterId, typ, intern, gekappt(extern_).c_str()) <= 0) return false;
+    if (!v.offen() || filter.insert(filterId, typ, intern, gekappt(extern_).c_str()) <= 0)
+        return false;
     for (long id : alte) filter.remove(id, false);
     filter.init();
-    return true;
+    return v.abschliessen();
 }
 
 bool FilterVerwaltung::loescheEintrag(long filterId, int typ, long intern) {
     if (typ < 1 || typ > kFilterTypen || intern <= 0 || filterId <= 0) return false;
+    auto v = db_.vorgang();
     auto& filter = db_.katalog().Filter;
-    bool ok = true;
-    for (long id : eintraege(filterId, typ, intern)) ok = filter.remove(id, false) && ok;
+    bool ok = v.offen();
+    for (long id : eintraege(filterId, typ, intern)) ok = ok && filter.remove(id, false);
     filter.init();
-    return ok;
+    return v.abschliessen() && ok;
 }
 
 bool FilterVerwaltung::leseEinstellung(ExportArt art, long& id) {

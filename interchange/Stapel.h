@@ -41,7 +41,9 @@ struct StapelImportEintrag {
 // for each file ("Abbrechen" skips it). After each file: when the user asks to
 // interrupt, "Import abbrechen" is asked, and Yes ends the run keeping this file;
 // otherwise the file is deleted, whether it was imported, skipped or refused.
-// Returns one entry per file handled.
+// Each box is its own operation, and its file goes only once the box is durable;
+// so the caller must not open a Schreibvorgang around the run (a crash would
+// then take back boxes whose files are already gone). Returns one entry per file.
 std::vector<StapelImportEintrag> stapelImport(BoxImport& import, Benutzer& benutzer,
                                               Dateisystem& fs,
                                               const std::vector<std::string>& pfade, bool mitInfo);

@@ -57,6 +57,7 @@ class PosixDatei final : public Datei {
         return schreibe(ende, quelle, n);
     }
     bool kuerze(std::int64_t neueLaenge) override { return ::ftruncate(fd_, neueLaenge) == 0; }
+    bool synchronisiere() override { return ::fdatasync(fd_) == 0; }
 
   private:
     int fd_;
@@ -144,6 +145,14 @@ class PosixDateisystem final : public Dateisystem {
         }
         ::closedir(d);
         return ergebnis;
+    }
+    bool synchronisiereOrdner(const std::string& ordner) override {
+        const int fd =
+            ::open(ordner.empty() ? "." : ordner.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (fd < 0) return false;
+        const bool ok = ::fsync(fd) == 0;
+        ::close(fd);
+        return ok;
     }
 };
 

@@ -28,6 +28,9 @@ class Datei {
     virtual bool haengeAn(const void* quelle, std::size_t n) = 0;
     // Cuts or extends the file to the given length.
     virtual bool kuerze(std::int64_t laenge) = 0;
+    // Makes the bytes written and the length durable on the medium (survives a
+    // power loss once this returned true).
+    virtual bool synchronisiere() { return true; }
 };
 
 enum class OeffnenModus {
@@ -61,6 +64,8 @@ class Dateisystem {
     virtual bool benenneUm(const std::string& von, const std::string& nach) = 0;
     // Entries of a folder, "." and ".." left out; empty when it cannot be read.
     virtual std::vector<OrdnerEintrag> liste(const std::string& ordner) = 0;
+    // Makes the folder's entries (files created, renamed or deleted in it) durable.
+    virtual bool synchronisiereOrdner(const std::string& /*ordner*/) { return true; }
 };
 
 // The real file system of the machine.

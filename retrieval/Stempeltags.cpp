@@ -116,11 +116,16 @@ StempelImport Stempeltags::importiere(const std::string& pfad) {
         }
         zeilen.emplace_back(maskeAusText(maske), std::string(zeile.substr(pos)));
     }
+    auto v = db_.vorgang();
     for (const auto& [m, text] : zeilen) {
-        if (neu(m, text) > 0)
+        if (v.offen() && neu(m, text) > 0)
             ++ergebnis.angelegt;
         else
             ++ergebnis.uebersprungen;
+    }
+    if (!v.abschliessen()) {
+        ergebnis.uebersprungen += ergebnis.angelegt;
+        ergebnis.angelegt = 0;
     }
     return ergebnis;
 }

@@ -32,6 +32,8 @@ bool Tagverwaltung::entferneAlleDerBox(long boxId) {
             "Alle Tags entfernen",
             "Sollen alle Tags dieser Box, ihrer DVDs und ihrer Filme entfernt werden?"))
         return false;
+    auto v = db_.vorgang();
+    if (!v.offen()) return false;
     Dateisystem& fs = db_.fs();
     loescheTags(fs, ordner(), kObjektBox, boxId);
     DvdListe dvds = db_.getDvdListe(boxId);
@@ -41,7 +43,7 @@ bool Tagverwaltung::entferneAlleDerBox(long boxId) {
         for (const FilmElement* f = filme.get(); f; f = f->pNext)
             loescheTags(fs, ordner(), kObjektFilm, f->Id);
     }
-    return true;
+    return v.abschliessen();
 }
 
 std::vector<TagTreffer> Tagverwaltung::suche(std::string_view text, int typ) {

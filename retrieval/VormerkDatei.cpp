@@ -107,6 +107,9 @@ VormerkImport importiereVormerklisten(Datenbank& db, Benutzer& benutzer, const s
     TextDateiLeser leser;
     if (!leser.oeffne(db.fs(), pfad)) return ergebnis;
     ergebnis.gelesen = true;
+    // Every list and entry of the file as one operation.
+    auto vorgang = db.vorgang();
+    if (!vorgang.offen()) return ergebnis;
     Einleser einleser(db, ergebnis);
     std::string stueck;
     while (leser.naechste(stueck)) {
@@ -117,6 +120,11 @@ VormerkImport importiereVormerklisten(Datenbank& db, Benutzer& benutzer, const s
         }
         if (art == Zeilenart::Ueberspringen) continue;
         einleser.zeile(ohneZeilenende(stueck));
+    }
+    if (!vorgang.abschliessen()) {
+        ergebnis.fehler += ergebnis.importiert;
+        ergebnis.importiert = 0;
+        ergebnis.listen = 0;
     }
     if (ergebnis.fehler > 0)
         benutzer.meldung("Import-Fehler",

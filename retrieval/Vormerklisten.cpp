@@ -53,13 +53,15 @@ bool Vormerklisten::benenneUm(long listeId, const std::string& name) {
 }
 
 bool Vormerklisten::loesche(long listeId) {
-    if (!gibtEs(listeId)) return false;
+    auto v = db_.vorgang();
+    if (!v.offen() || !gibtEs(listeId)) return false;
     auto& tab = db_.katalog().Vormerk2;
     bool ok = true;
     for (const Zeile15& z : zeilen(listeId)) ok = tab.remove(z.Id, false) && ok;
     tab.init();
-    if (!ok) return false;
-    return db_.katalog().VormerkName.remove(listeId, true);
+    ok = ok && db_.katalog().VormerkName.remove(listeId, true);
+    if (!ok) v.verwerfen();
+    return v.abschliessen();
 }
 
 std::vector<Zeile15> Vormerklisten::zeilen(long listeId) {
@@ -84,6 +86,8 @@ std::uint16_t Vormerklisten::letztePosition(long listeId) {
 }
 
 long Vormerklisten::fuegeHinzu(long listeId, int typ, long objektId) {
+    auto v = db_.vorgang();
+    if (!v.offen()) return 0;
     std::uint16_t letzte = letztePosition(listeId);
     if (letzte == kPosMax) {
         // The positions ran out at the top: number the list 1, 2, ... again.
@@ -92,10 +96,14 @@ long Vormerklisten::fuegeHinzu(long listeId, int typ, long objektId) {
         letzte = 0;
         for (Zeile15& r : z) {
             r.Pos = ++letzte;
-            if (!schreibe(r)) return 0;
+            if (!schreibe(r)) {
+                v.verwerfen();
+                return 0;
+            }
         }
     }
-    return fuegeHinzuAn(listeId, typ, objektId, static_cast<std::uint16_t>(letzte + 1));
+    const long id = fuegeHinzuAn(listeId, typ, objektId, static_cast<std::uint16_t>(letzte + 1));
+    return v.abschliessen() ? id : 0;
 }
 
 long Vormerklisten::fuegeHinzuAn(long listeId, int typ, long objektId, std::uint16_t pos) {
@@ -119,6 +127,8 @@ bool Vormerklisten::entferne(long listeId, int typ, long objektId) {
 }
 
 bool Vormerklisten::verschiebe(long listeId, int typ, long objektId, bool hoch) {
+    auto v = db_.vorgang();
+    if (!v.offen()) return false;
     std::vector<Zeile15> z = zeilen(listeId);
     std::size_t i = 0;
     while (i < z.size() && !(z[i].Objekt_Typ == typ && z[i].Objekt_Id == objektId)) ++i;
@@ -130,11 +140,12 @@ bool Vormerklisten::verschiebe(long listeId, int typ, long objektId, bool hoch) 
         std::uint16_t p = 0;
         for (Zeile15& r : z) {
             r.Pos = ++p;
-            if (!schreibe(r)) return false;
+            if (!schreibe(r)) v.verwerfen();
         }
     }
     std::swap(z[i].Pos, z[j].Pos);
-    return schreibe(z[i]) && schreibe(z[j]);
+    if (!schreibe(z[i]) || !schreibe(z[j])) v.verwerfen();
+    return v.abschliessen();
 }
 
 bool Vormerklisten::kopiere(long vonListe, long nachListe, int typ, long objektId) {

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "storage/Schreibvorgang.h"
+
 namespace dv {
 
 Katalog::Katalog(SpeicherUmgebung& u)
@@ -50,8 +52,23 @@ std::vector<Tabelle*> Katalog::alle() {
             &Vormerk,     &Vormerk2};
 }
 
+bool Katalog::vollstaendig() {
+    for (Tabelle* t : alle())
+        if (!umgebung.fs->existiert(t->pfad())) return false;
+    return Funktion.eine(1) && Funktion.eine(2);
+}
+
 bool Katalog::erzeugeDatenbank() {
     DV_TRACE(Funktion.trace(), kTraceTabelle, "Datenbank erzeugen");
+    // The usual start finds everything in place and writes nothing, so it needs
+    // no writer lock; a catalogue still to be made is made as one operation.
+    if (vollstaendig()) return legeAn();
+    Schreibvorgang vorgang(umgebung);
+    const bool ok = legeAn();
+    return vorgang.abschliessen() && ok;
+}
+
+bool Katalog::legeAn() {
     bool alleDa = true;
     for (Tabelle* t : alle()) alleDa = t->create() && alleDa;
     const char* saat[2] = {"Darsteller", "Regie"};

@@ -102,6 +102,8 @@ struct Katalog {
     // the functions "Darsteller" (id 1) and "Regie" (id 2). False if any file
     // could not be created.
     bool erzeugeDatenbank();
+    // Every table file exists and both functions are seeded.
+    bool vollstaendig();
 
     // Reads the stored version; false if none is stored.
     bool leseVersion(DatenVersionSatz& v);
@@ -110,6 +112,9 @@ struct Katalog {
     DatenVersionSatz holeVersion();
 
     SpeicherUmgebung& umgebung;
+
+  private:
+    bool legeAn();
 };
 
 DatenVersionSatz aktuelleVersion();

@@ -65,6 +65,7 @@ long Tabelle::init() {
     frei_.clear();
     freiKopf_ = 0;
     anzahl_ = 0;
+    stand_ = umgebung_.laufend.tabellenStand;
     auto datei = open();
     if (!datei) return 0;
     const std::int64_t laenge = datei->laenge();
@@ -104,7 +105,16 @@ long Tabelle::naechsterFreierSlot(Datei& datei) {
     return 0;
 }
 
+void Tabelle::pruefeStand() {
+    if (stand_ == umgebung_.laufend.tabellenStand) return;
+    stand_ = umgebung_.laufend.tabellenStand;
+    initialisiert_ = false;
+    frei_.clear();
+    freiKopf_ = 0;
+}
+
 long Tabelle::einfuegenRoh(const unsigned char* felder) {
+    pruefeStand();
     if (!initialisiert_) {
         initialisiert_ = true;
         init();
@@ -140,6 +150,7 @@ long Tabelle::einfuegenRoh(const unsigned char* felder) {
 
 bool Tabelle::aendernRoh(long id, const unsigned char* felder, bool* warEinfuegen, long* neueId) {
     *warEinfuegen = false;
+    pruefeStand();
     if (id <= 0) {
         *warEinfuegen = true;
         *neueId = einfuegenRoh(felder);
@@ -165,6 +176,7 @@ bool Tabelle::aendernRoh(long id, const unsigned char* felder, bool* warEinfuege
 
 bool Tabelle::remove(long id, bool reinit) {
     if (id <= 0) return false;
+    pruefeStand();
     if (!istFrei(id)) {
         auto datei = open();
         if (!datei) return false;

@@ -14,21 +14,54 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/Dateisystem.h"
+#include "platform/Schreibsperre.h"
 #include "storage/Trace.h"
 
 namespace dv {
 
+class Vorgang;
+enum class Wiederherstellung;
+enum class Hindernis;
+
 // What every table needs from the outside; owned by the caller, must outlive the tables.
 struct SpeicherUmgebung {
+    // While a write operation runs (see Schreibvorgang.h) this points at the
+    // operation's view of the files, and back at the real one afterwards.
     Dateisystem* fs = &echtesDateisystem();
     Trace* trace = nullptr;
     std::string datenOrdner;  // ends in '/'
     bool grossKlein = true;   // application-wide case setting of select
+    // Folders (ending in '/') whose files change together with the tables: covers,
+    // side texts, tags. A write operation takes them into its all-or-nothing.
+    std::vector<std::string> begleitOrdner;
+    // The writer lock of the program folder; null where this process is the only
+    // writer (tests, tools). A writer waits this long for another one to finish.
+    Schreibsperre* sperre = nullptr;
+    int sperreWartenMs = 5000;
+    // Told when a writer's unfinished operation was found (see stelleWiederHer),
+    // so that the program can note it in its message log.
+    std::function<void(Wiederherstellung)> beiWiederherstellung;
+    // Told when a write operation may not change anything, so that the program
+    // can say why (the storage layer shows no messages).
+    std::function<void(Hindernis)> beiHindernis;
+
+    // Kept by Schreibrecht and Schreibvorgang alone.
+    struct Laufend {
+        Vorgang* vorgang = nullptr;  // the outermost running operation
+        int vorgangTiefe = 0;
+        int rechtTiefe = 0;
+        Hindernis hindernis{};
+        std::uint64_t gesehenerZaehler = 0;
+        // Raised whenever the tables' cached free lists may be wrong: another
+        // process has written, or an operation of this one was thrown away.
+        std::uint64_t tabellenStand = 0;
+    } laufend;
 };
 
 // A node of a result list.
@@ -111,8 +144,11 @@ class Tabelle {
     bool durchlaufe(Datei& datei, F&& f);
     // The next slot from the free list that is still free on disk (0: none).
     long naechsterFreierSlot(Datei& datei);
+    // Forgets the free list when the environment says it may be stale.
+    void pruefeStand();
 
     bool initialisiert_ = false;
+    std::uint64_t stand_ = 0;
     std::string name_;
     std::string letzterFehler_;
     long anzahl_ = 0;

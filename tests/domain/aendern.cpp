@@ -245,10 +245,12 @@ void pruefeKeineLinksInsLeere(test::DomainUmgebung& u) {
 }
 
 // Runs op with the disk failing from its n-th write on, for every n until op
-// runs through; after each failure the catalogue must hold no link to nothing
-// and must still build its lists.
-template <class Vorbereitung, class Op>
-void mitFehlerAnJederStelle(Vorbereitung&& vorbereiten, Op&& op) {
+// runs through; after each failure and the next start (which puts back what a
+// disk that failed even the rollback left) the catalogue must hold no link to
+// nothing and must still build its lists.
+template <class Vorbereitung, class Op, class Nachher = void (*)(test::DomainUmgebung&, long)>
+void mitFehlerAnJederStelle(
+    Vorbereitung&& vorbereiten, Op&& op, Nachher nachFehler = [](test::DomainUmgebung&, long) {}) {
     for (int n = 1; n < 80; ++n) {
         test::FehlerDateisystem fs;
         test::DomainUmgebung u(fs);
@@ -258,7 +260,9 @@ void mitFehlerAnJederStelle(Vorbereitung&& vorbereiten, Op&& op) {
         const bool ok = op(u, box);
         fs.scheitereAbSchreibvorgang = 0;
         SCOPED_TRACE(n);
+        stelleWiederHer(u.su);
         pruefeKeineLinksInsLeere(u);
+        if (!ok) nachFehler(u, box);
         {
             auto alles = u.db->ladeSammlung();
             EXPECT_TRUE(alles);
@@ -291,21 +295,23 @@ TEST(AendernFehler, KopierenHinterlaesstHoechstensUnbenutzteZeilen) {
 }
 
 TEST(AendernFehler, PersonenSchreibenVerliertDieAltenNicht) {
-    mitFehlerAnJederStelle(dvdMitFilm, [](test::DomainUmgebung& u, long box) {
-        auto filme = u.db->getFilmListe(u.db->getDvdListe(box)->Id);
-        const long film = filme->Id;
-        const bool ok = u.db->schreibeFilmPersonen(film, {{u.person("Q"), 2, {"B1"}}});
-        if (!ok) {
+    auto film = [](test::DomainUmgebung& u, long box) {
+        return u.db->getFilmListe(u.db->getDvdListe(box)->Id)->Id;
+    };
+    mitFehlerAnJederStelle(
+        dvdMitFilm,
+        [&](test::DomainUmgebung& u, long box) {
+            return u.db->schreibeFilmPersonen(film(u, box), {{u.person("Q"), 2, {"B1"}}});
+        },
+        [&](test::DomainUmgebung& u, long box) {
             // The old person is still listed with both aliases.
-            auto personen = u.db->getPersonenListe(film);
+            auto personen = u.db->getPersonenListe(film(u, box));
             bool alterDa = false;
             for (PersonenElement* p = personen.get(); p; p = p->pNext)
                 if (std::string(p->pPerson->zeile.cpName) == "P" && p->pAlias && p->pAlias->pNext)
                     alterDa = true;
             EXPECT_TRUE(alterDa);
-        }
-        return ok;
-    });
+        });
 }
 
 }  // namespace

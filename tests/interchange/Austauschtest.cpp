@@ -69,17 +69,23 @@ void beschreibeFilm(Datenbank& db, const Ordner& o, const FilmElement& f, bool m
 
 }  // namespace
 
-Katalogumgebung::Katalogumgebung(Dateisystem& fs) : protokoll(fs) {
-    ordner.setzeBasis(basis.pfad());
+std::unique_ptr<Datenbank> oeffneKatalog(Dateisystem& fs, const std::string& programmOrdner,
+                                         Ordner& ordner, Protokoll& protokoll,
+                                         SpeicherUmgebung& u) {
+    ordner.setzeBasis(programmOrdner);
     ordner.legeAn(fs);
-    protokoll.setzeLogPfad(basis / "zelka.log");
+    protokoll.setzeLogPfad(programmOrdner + "zelka.log");
     protokoll.setzeMeldungsOrdner(ordner.meldungen);
     u.fs = &fs;
     u.trace = &protokoll;
     u.datenOrdner = ordner.daten;
-    db = std::make_unique<Datenbank>(u, ordner);
+    auto db = std::make_unique<Datenbank>(u, ordner);
     db->katalog().erzeugeDatenbank();
+    return db;
 }
+
+Katalogumgebung::Katalogumgebung(Dateisystem& fs)
+    : protokoll(fs), db(oeffneKatalog(fs, basis.pfad(), ordner, protokoll, u)) {}
 
 ImportErgebnis Austauschumgebung::importiere(const std::string& name, const std::string& bytes) {
     schreibeDatei(basis / name, bytes);

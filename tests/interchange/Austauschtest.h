@@ -20,6 +20,11 @@
 
 namespace dv::test {
 
+// The catalogue below programmOrdner (ending in '/'), folders and tables made,
+// opened as a program does at its start.
+std::unique_ptr<Datenbank> oeffneKatalog(Dateisystem& fs, const std::string& programmOrdner,
+                                         Ordner& ordner, Protokoll& protokoll, SpeicherUmgebung& u);
+
 struct Katalogumgebung {
     explicit Katalogumgebung(Dateisystem& fs = echtesDateisystem());
 

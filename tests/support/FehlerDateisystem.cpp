@@ -1,6 +1,8 @@
 #include "tests/support/FehlerDateisystem.h"
 
 #include <cerrno>
+#include <csignal>
+#include <cstdlib>
 
 namespace dv::test {
 namespace {
@@ -14,6 +16,7 @@ class FehlerDatei : public Datei {
         return innen_->lese(pos, ziel, n);
     }
     bool schreibe(std::int64_t pos, const void* quelle, std::size_t n) override {
+        fs_.veraendere([&] { innen_->schreibe(pos, quelle, n / 2); });
         if (fs_.naechsterSchreibvorgangScheitert()) {
             if (fs_.zerreissen && n > 1) innen_->schreibe(pos, quelle, n / 2);
             return false;
@@ -21,13 +24,18 @@ class FehlerDatei : public Datei {
         return innen_->schreibe(pos, quelle, n);
     }
     bool haengeAn(const void* quelle, std::size_t n) override {
+        fs_.veraendere([&] { innen_->haengeAn(quelle, n / 2); });
         if (fs_.naechsterSchreibvorgangScheitert()) {
             if (fs_.zerreissen && n > 1) innen_->haengeAn(quelle, n / 2);
             return false;
         }
         return innen_->haengeAn(quelle, n);
     }
-    bool kuerze(std::int64_t l) override { return innen_->kuerze(l); }
+    bool kuerze(std::int64_t l) override {
+        fs_.veraendere();
+        return innen_->kuerze(l);
+    }
+    bool synchronisiere() override { return innen_->synchronisiere(); }
 
   private:
     std::unique_ptr<Datei> innen_;
@@ -47,6 +55,7 @@ std::unique_ptr<Datei> FehlerDateisystem::oeffne(const std::string& pfad, Oeffne
         if (fehler) *fehler = EACCES;
         return nullptr;
     }
+    if (modus == OeffnenModus::Erzeugen) veraendere();
     auto innen = echt().oeffne(pfad, modus, fehler);
     if (!innen) return nullptr;
     return std::make_unique<FehlerDatei>(std::move(innen), *this);
@@ -56,14 +65,25 @@ bool FehlerDateisystem::erzeugeOrdner(const std::string& p) {
     return !gesperrt(p) && echt().erzeugeOrdner(p);
 }
 bool FehlerDateisystem::loesche(const std::string& p) {
-    return !gesperrt(p) && echt().loesche(p);
+    if (gesperrt(p)) return false;
+    veraendere();
+    return echt().loesche(p);
 }
 bool FehlerDateisystem::kopiere(const std::string& von, const std::string& nach) {
-    if (gesperrt(von) || gesperrt(nach) || naechsterSchreibvorgangScheitert()) return false;
+    if (gesperrt(von) || gesperrt(nach)) return false;
+    veraendere();
+    if (naechsterSchreibvorgangScheitert()) return false;
     return echt().kopiere(von, nach);
 }
 bool FehlerDateisystem::benenneUm(const std::string& von, const std::string& nach) {
-    return !gesperrt(von) && !gesperrt(nach) && echt().benenneUm(von, nach);
+    if (gesperrt(von) || gesperrt(nach)) return false;
+    veraendere();
+    return echt().benenneUm(von, nach);
+}
+
+void FehlerDateisystem::absturz() {
+    std::raise(SIGKILL);
+    std::_Exit(137);
 }
 
 }  // namespace dv::test

@@ -17,6 +17,11 @@ class FehlerDateisystem : public Dateisystem {
     // Every open of a path containing this text fails (empty: none).
     std::string sperre;
     int schreibvorgaenge = 0;
+    // A crash: the process is killed (SIGKILL) at this change of a file, counted
+    // from 1 over writes, cuts, removals, renames, copies and creations; a write
+    // is torn first when zerreissen is set. 0: never.
+    int abbruchBeiVeraenderung = 0;
+    int veraenderungen = 0;
 
     std::unique_ptr<Datei> oeffne(const std::string& pfad, OeffnenModus modus,
                                   int* fehler = nullptr) override;
@@ -27,9 +32,24 @@ class FehlerDateisystem : public Dateisystem {
     bool kopiere(const std::string& von, const std::string& nach) override;
     bool benenneUm(const std::string& von, const std::string& nach) override;
     std::vector<OrdnerEintrag> liste(const std::string& o) override { return echt().liste(o); }
+    bool synchronisiereOrdner(const std::string& o) override {
+        return echt().synchronisiereOrdner(o);
+    }
 
     // True when this write should fail; counts it.
     bool naechsterSchreibvorgangScheitert();
+    // Counts a change; ends the process here when it is the one to crash at
+    // (after vorher(), which tears a write).
+    template <class F>
+    void veraendere(F&& vorher) {
+        if (++veraenderungen != abbruchBeiVeraenderung) return;
+        if (zerreissen) vorher();
+        absturz();
+    }
+    void veraendere() {
+        veraendere([] {});
+    }
+    [[noreturn]] static void absturz();
 
   private:
     static Dateisystem& echt() { return echtesDateisystem(); }
