@@ -18,45 +18,42 @@ export ASAN_OPTIONS="${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0"
 export DORVANO_PROGRAMM="$programm" DORVANO_VERSION="$version"
 ln -s "$quelle/hilfetext.sh" "$arbeit/$name"
 
-# Help text as roff without filling: the columns of the help stay as they are.
-roff_woertlich() {
-    sed -e 's/\\/\\e/g' -e 's/-/\\-/g' -e "s/^\\([.']\\)/\\\\\\&\\1/"
+# One subsection for a command without commands below it: its purpose, then its
+# usage and arguments as roff without filling, so the help's columns stay. The
+# help option that every command has is left out, and a heading left empty by that.
+abschnitt() {
+    echo ".SS \"$1\""
+    printf '%s\n' "$2" | awk '
+        function roff(s) {
+            gsub(/\\/, "\\\\e", s); gsub(/-/, "\\\\-", s)
+            if (s ~ /^[.\047]/) s = "\\&" s
+            return s
+        }
+        NR == 1 { print roff($0); print ".PP"; print ".nf"; next }
+        /^  -h,--help / { next }
+        /^[^ ].*:$/ { kopf = $0; next }
+        /^$/ { if (!kopf) leer++; next }
+        { while (leer) { print ""; leer-- } if (kopf) { print roff(kopf); kopf = "" } print roff($0) }
+        END { print ".fi" }'
 }
 
-# Every command that has no commands below it, as words after the program name.
-blaetter() (
-    unter=$("$programm" "$@" --help | awk '/^Befehle:$/ { b = 1; next } /^$/ { b = 0 } b { print $1 }')
+# The subsections of every command below the given words, in the order of the help.
+befehle() (
+    hilfe=$("$programm" "$@" --help)
+    unter=$(printf '%s\n' "$hilfe" | awk '/^Befehle:$/ { b = 1; next } /^$/ { b = 0 } b { print $1 }')
     if [ -z "$unter" ]; then
-        echo "$*"
+        abschnitt "$*" "$hilfe"
         return
     fi
-    for u in $unter; do blaetter "$@" "$u"; done
+    for u in $unter; do befehle "$@" "$u"; done
 )
-
-# One subsection per command: its purpose, then its usage and arguments. The help
-# option that every command has is left out.
-befehle() {
-    echo "[BEFEHLE IM EINZELNEN]"
-    blaetter | while read -r befehl; do
-        # shellcheck disable=SC2086
-        hilfe=$("$programm" $befehl --help)
-        echo ".SS \"$befehl\""
-        printf '%s\n' "$hilfe" | head -n 1 | roff_woertlich
-        echo ".PP"
-        echo ".nf"
-        printf '%s\n' "$hilfe" | tail -n +2 | awk '
-            /^  -h,--help / { next }
-            /^[^ ].*:$/ { kopf = $0; next }
-            /^$/ { if (!kopf) leer++; next }
-            { while (leer) { print ""; leer-- } if (kopf) { print kopf; kopf = "" } print }' |
-            roff_woertlich
-        echo ".fi"
-    done
-}
 
 zusatz=""
 if [ "$name" = dorvano-cli ]; then
-    befehle >"$arbeit/befehle.h2m"
+    {
+        echo "[BEFEHLE IM EINZELNEN]"
+        befehle
+    } >"$arbeit/befehle.h2m"
     zusatz="--include=$arbeit/befehle.h2m"
 fi
 
