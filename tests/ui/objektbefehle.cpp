@@ -99,7 +99,7 @@ void ObjektbefehleTest::texteUndXml() {
 
     QVERIFY(f.waehle(1, neu.box));
     QVERIFY(f.loese(kCmdBoxSpieldauer));
-    QCOMPARE(f.benutzer.meldungen.back().titel, std::string("Gesamtspieldauer"));
+    QCOMPARE(f.letzterMeldungsTitel(), std::string("Gesamtspieldauer"));
     QCOMPARE(f.letzteMeldung(),
              std::string("Alle Filme dieser Box haben eine Gesamtspieldauer von 61 Minuten.\r\n"
                          "(1 Stunde, 1 Minute)"));

@@ -46,6 +46,10 @@ std::string Fenster::letzteMeldung() const {
     return benutzer.meldungen.empty() ? std::string() : benutzer.meldungen.back().text;
 }
 
+std::string Fenster::letzterMeldungsTitel() const {
+    return benutzer.meldungen.empty() ? std::string() : benutzer.meldungen.back().titel;
+}
+
 bool Fenster::loese(const char* name) {
     auto* a = fenster().findChild<QAction*>(QString::fromLatin1(name));
     if (!a || !a->isEnabled()) return false;

@@ -40,6 +40,7 @@ class Fenster {
     // The text of the last question and message of the scripted user ("" if none).
     std::string letzteFrage() const;
     std::string letzteMeldung() const;
+    std::string letzterMeldungsTitel() const;
 
     // Triggers the command whose action is named name ("cmd40009"); false when
     // there is no such action or it is disabled.
