@@ -185,6 +185,21 @@ GroessenTexte BearbeitungsDienst::groesse(std::uint32_t bytesLow, std::uint32_t 
     return {groessenText(bytesLow, bytesHigh), groessenKlasse(bytesLow, bytesHigh)};
 }
 
+ErgebnisMit<DiscLesung> BearbeitungsDienst::leseDisc() {
+    Laufwerke& laufwerke = systemLaufwerke();
+    DiscQuelle quelle;
+    quelle.laufwerk = gespeichertesLaufwerk(app_.einstellungen());
+    DiscInfo info;
+    if (const int code = leseDiscInfo(laufwerke, quelle, info); code != kDiscOk) {
+        meldeDiscFehler(app_.benutzer(), code, info);
+        return Ergebnis::fehlschlag(std::string());
+    }
+    DiscAnzeige anzeige;
+    fuelleDiscAnzeige(laufwerke, quelle, info, anzeige);
+    return DiscLesung{info.dateisystem, info.SN,    info.BytesLow,
+                      info.BytesHigh,   anzeige.rc, anzeige.rcGelesen};
+}
+
 FilmWerte BearbeitungsDienst::bereinigt(const FilmWerte& w) {
     Datenbank& db = app_.db();
     auto fehlt = [&](int typ, const Eintrag& e) {

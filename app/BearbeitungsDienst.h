@@ -26,6 +26,14 @@ struct CoverWahl {
     std::string datei;  // the picture file chosen (Art::Neu), a path of the system
 };
 
+// One read of the disc in the default drive for the DVD dialog.
+struct DiscLesung {
+    std::string dateisystem;
+    std::uint32_t sn = 0, bytesLow = 0, bytesHigh = 0;
+    int rc = 0;              // the region field from the disc's header ...
+    bool rcGelesen = false;  // ... when the header could be read
+};
+
 // What the DVD dialog shows beside a disc's stored identity.
 struct GroessenTexte {
     std::string groesse;  // the size in its unit, "4.38 GB"
@@ -58,6 +66,9 @@ class BearbeitungsDienst {
     // A new DVD as the last of boxId (w.id == 0) or the changed DVD w.id; its id.
     ErgebnisMit<long> speichereDvd(long boxId, const DvdWerte& w);
     static GroessenTexte groesse(std::uint32_t bytesLow, std::uint32_t bytesHigh);
+    // Reads the disc in the default drive ("DvdRom"); a failed read has been
+    // reported with the system's messages (the refusal carries no text).
+    ErgebnisMit<DiscLesung> leseDisc();
 
     // A new film as the last of dvdId (w.id == 0) or the changed film w.id; its
     // id. Links to entries and persons that no longer exist are dropped, and the

@@ -1,8 +1,29 @@
 #include "ui/steuerung/BearbeitenSteuerung.h"
 
+#include "app/BearbeitungsDienst.h"
+#include "app/CApplikation.h"
+#include "app/LookupDienst.h"
+#include "app/Zeichensatz.h"
 #include "ui/aktionen/Aktionen.h"
+#include "ui/baum/KatalogAnsicht.h"
+#include "ui/dialoge/lookups/LookupDlg.h"
+#include "ui/dialoge/lookups/PersonenDlg.h"
+#include "ui/dialoge/objekte/BoxDlg.h"
+#include "ui/dialoge/objekte/DvdDlg.h"
+#include "ui/dialoge/objekte/FilmDlg.h"
 
 namespace dv::ui {
+
+namespace {
+
+FilmKataloge filmKataloge(CApplikation& app) {
+    LookupDienst l(app);
+    return {l.eintraege(kTypGenre),    l.eintraege(kTypBildformat),
+            l.eintraege(kTypSprache),  l.eintraege(kTypTonformat),
+            l.eintraege(kTypFunktion), PersonenDienst(app).liste(false)};
+}
+
+}  // namespace
 
 void BearbeitenSteuerung::verbinde(Aktionen& a) {
     using S = BearbeitenSteuerung;
@@ -32,13 +53,13 @@ void BearbeitenSteuerung::verbinde(Aktionen& a) {
 
 void BearbeitenSteuerung::bearbeiten() {
     switch (auswahl().objektTyp()) {
-        case 1:
+        case kBox:
             boxBearbeiten();
             break;
-        case 2:
+        case kDvd:
             dvdBearbeiten();
             break;
-        case 3:
+        case kFilm:
             filmBearbeiten();
             break;
         default:
@@ -46,63 +67,147 @@ void BearbeitenSteuerung::bearbeiten() {
     }
 }
 
-// The edit dialogs plug in here.
+// ---- Boxes ----------------------------------------------------------------------
+
 void BearbeitenSteuerung::boxNeu() {
-    nochNichtVerfuegbar("Box: Neu");
+    oeffneBox(BoxWerte{});
 }
+
 void BearbeitenSteuerung::boxBearbeiten() {
-    nochNichtVerfuegbar("Box: Bearbeiten");
+    auto box = app().dienste().objekte().ladeBox(auswahl().box);
+    if (melde(box)) oeffneBox(box.wert());
 }
+
+void BearbeitenSteuerung::oeffneBox(const BoxWerte& w) {
+    LookupDienst lookups(app());
+    auto* dlg = new BoxDlg(fenster(), app(), w, lookups.eintraege(kTypVerpackung),
+                           lookups.eintraege(kTypExtras));
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    dlg->setzeSpeichern([this, dlg] {
+        auto neu = BearbeitungsDienst(app()).speichereBox(dlg->werte(), dlg->cover());
+        if (!melde(neu)) return false;
+        baum().zeige(kBox, neu->box);
+        return true;
+    });
+    dlg->open();
+}
+
+// ---- DVDs -----------------------------------------------------------------------
+
 void BearbeitenSteuerung::dvdNeu() {
-    nochNichtVerfuegbar("DVD: Neu");
+    if (const long box = auswahl().box; box > 0) oeffneDvd(box, DvdWerte{});
 }
+
 void BearbeitenSteuerung::dvdBearbeiten() {
-    nochNichtVerfuegbar("DVD: Bearbeiten");
+    const Auswahl a = auswahl();
+    auto dvd = app().dienste().objekte().ladeDvd(a.dvd);
+    if (melde(dvd)) oeffneDvd(a.box, dvd.wert());
 }
+
+void BearbeitenSteuerung::oeffneDvd(long boxId, const DvdWerte& w) {
+    LookupDienst lookups(app());
+    auto* dlg = new DvdDlg(fenster(), app(), w, lookups.eintraege(kTypFormat),
+                           lookups.eintraege(kTypExtras));
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    dlg->setzeLesen([this]() -> std::optional<DiscFelder> {
+        auto d = BearbeitungsDienst(app()).leseDisc();
+        if (!melde(d)) return std::nullopt;
+        DiscFelder f{alsQString(d->dateisystem), d->sn, d->bytesLow, d->bytesHigh, std::nullopt};
+        if (d->rcGelesen) f.rc = static_cast<unsigned>(d->rc) & 0xffu;
+        return f;
+    });
+    dlg->setzeSpeichern([this, dlg, boxId] {
+        auto id = BearbeitungsDienst(app()).speichereDvd(boxId, dlg->werte());
+        if (!melde(id)) return false;
+        baum().zeige(kDvd, id.wert());
+        return true;
+    });
+    dlg->open();
+}
+
+// ---- Films ----------------------------------------------------------------------
+
 void BearbeitenSteuerung::filmNeu() {
-    nochNichtVerfuegbar("Film: Neu");
+    if (const long dvd = auswahl().dvd; dvd > 0) oeffneFilm(dvd, FilmWerte{}, FilmDlg::Allgemein);
 }
+
 void BearbeitenSteuerung::filmBearbeiten() {
-    nochNichtVerfuegbar("Film: Bearbeiten");
+    oeffneFilmSeite(FilmDlg::Allgemein);
 }
+
 void BearbeitenSteuerung::inhalt() {
-    nochNichtVerfuegbar("Inhalt");
+    oeffneFilmSeite(FilmDlg::Inhalt);
 }
+
 void BearbeitenSteuerung::kommentar() {
-    nochNichtVerfuegbar("Kommentar");
+    oeffneFilmSeite(FilmDlg::Kommentar);
 }
+
 void BearbeitenSteuerung::personenStruktur() {
-    nochNichtVerfuegbar("Personen-Struktur");
+    oeffneFilmSeite(FilmDlg::Personen);
 }
+
+void BearbeitenSteuerung::oeffneFilmSeite(int seite) {
+    const Auswahl a = auswahl();
+    auto film = app().dienste().objekte().ladeFilm(a.film);
+    if (melde(film)) oeffneFilm(a.dvd, film.wert(), seite);
+}
+
+void BearbeitenSteuerung::oeffneFilm(long dvdId, const FilmWerte& w, int seite) {
+    auto* dlg = new FilmDlg(fenster(), app(), w, filmKataloge(app()));
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    dlg->setzeSpeichern([this, dlg, dvdId] {
+        auto id = BearbeitungsDienst(app()).speichereFilm(dvdId, dlg->werte());
+        if (!melde(id)) return false;
+        baum().zeige(kFilm, id.wert());
+        return true;
+    });
+    dlg->zeigeSeite(static_cast<FilmDlg::Seite>(seite));
+    dlg->open();
+}
+
+// ---- Catalogues -----------------------------------------------------------------
+
+void BearbeitenSteuerung::oeffneLookup(int typ, const QString& titel) {
+    auto* dlg = new LookupDlg(fenster(), app(), typ, titel);
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    // The cover pane shows the packaging: it is read anew.
+    connect(dlg, &QDialog::finished, this, [this] { emit baum().auswahlGeaendert(); });
+    dlg->open();
+}
+
+void BearbeitenSteuerung::personen() {
+    auto* dlg = new PersonenDlg(fenster(), app());
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    dlg->open();
+}
+
 void BearbeitenSteuerung::bildformate() {
-    nochNichtVerfuegbar("Bildformate");
+    oeffneLookup(kTypBildformat, QStringLiteral("Bildformate"));
 }
 void BearbeitenSteuerung::extras() {
-    nochNichtVerfuegbar("Extras");
+    oeffneLookup(kTypExtras, QStringLiteral("Extras"));
 }
 void BearbeitenSteuerung::formate() {
-    nochNichtVerfuegbar("Formate");
+    oeffneLookup(kTypFormat, QStringLiteral("Formate"));
 }
 void BearbeitenSteuerung::funktionen() {
-    nochNichtVerfuegbar("Funktion");
+    oeffneLookup(kTypFunktion, QStringLiteral("Funktion"));
 }
 void BearbeitenSteuerung::genres() {
-    nochNichtVerfuegbar("Genre");
-}
-void BearbeitenSteuerung::personen() {
-    nochNichtVerfuegbar("Personen");
+    oeffneLookup(kTypGenre, QStringLiteral("Genre"));
 }
 void BearbeitenSteuerung::sprachen() {
-    nochNichtVerfuegbar("Sprachen");
+    oeffneLookup(kTypSprache, QStringLiteral("Sprachen"));
 }
 void BearbeitenSteuerung::tonformate() {
-    nochNichtVerfuegbar("Tonformate");
+    oeffneLookup(kTypTonformat, QStringLiteral("Tonformate"));
 }
 void BearbeitenSteuerung::untertitel() {
-    nochNichtVerfuegbar("Untertitel");
+    oeffneLookup(kTypUntertitel, QStringLiteral("Untertitel"));
 }
 void BearbeitenSteuerung::verpackungen() {
-    nochNichtVerfuegbar("Verpackung");
+    oeffneLookup(kTypVerpackung, QStringLiteral("Verpackung"));
 }
 
 }  // namespace dv::ui

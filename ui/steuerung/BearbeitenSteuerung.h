@@ -1,9 +1,17 @@
 #pragma once
 // "&Objekte": creating and editing boxes, DVDs and films, a film's content,
-// comment and person structure, and the lookup catalogues. Each slot opens its
-// edit dialog; the edit dialogs fill these slots (until then they say so).
+// comment and persons, and the lookup and person catalogues. Each slot opens
+// its dialog with open(); the dialog's OK stores through the services (a
+// refusal keeps the dialog open) and the tree follows their change notices. A
+// new object becomes the tree's current node.
 
 #include "ui/steuerung/Steuerung.h"
+
+namespace dv {
+struct BoxWerte;
+struct DvdWerte;
+struct FilmWerte;
+}  // namespace dv
 
 namespace dv::ui {
 
@@ -24,6 +32,7 @@ class BearbeitenSteuerung : public Steuerung {
     void filmBearbeiten();
     // "Be&arbeiten..." and Enter: the dialog of the current node's object.
     void bearbeiten();
+    // The film dialog on its page "Inhalt", "Kommentar" or "Personen".
     void inhalt();
     void kommentar();
     void personenStruktur();
@@ -39,6 +48,13 @@ class BearbeitenSteuerung : public Steuerung {
     void tonformate();
     void untertitel();
     void verpackungen();
+
+  private:
+    void oeffneBox(const BoxWerte& w);
+    void oeffneDvd(long boxId, const DvdWerte& w);
+    void oeffneFilm(long dvdId, const FilmWerte& w, int seite);
+    void oeffneFilmSeite(int seite);
+    void oeffneLookup(int typ, const QString& titel);
 };
 
 }  // namespace dv::ui

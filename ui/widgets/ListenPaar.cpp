@@ -10,6 +10,7 @@
 
 #include "app/Zeichensatz.h"
 #include "ui/widgets/Benennung.h"
+#include "ui/widgets/Tastatur.h"
 
 namespace dv::ui {
 
@@ -46,7 +47,8 @@ ListenPaar::ListenPaar(const QString& titel, QWidget* eltern)
       hinzu_(knopf(QStringLiteral("&Hinzufügen"), this)),
       weg_(knopf(QStringLiteral("&Entfernen"), this)),
       hoch_(knopf(QStringLiteral("Nach &oben"), this)),
-      runter_(knopf(QStringLiteral("Nach &unten"), this)) {
+      runter_(knopf(QStringLiteral("Nach &unten"), this)),
+      neu_(knopf(QStringLiteral("&Neu..."), this)) {
     setObjectName(titel);
     auto* raster = new QGridLayout(this);
     raster->setContentsMargins(0, 0, 0, 0);
@@ -59,10 +61,11 @@ ListenPaar::ListenPaar(const QString& titel, QWidget* eltern)
     setAccessibleName(titel);
     auto* mitte = new QVBoxLayout;
     mitte->addStretch();
-    for (QPushButton* k : {hinzu_, weg_, hoch_, runter_}) {
+    for (QPushButton* k : {hinzu_, weg_, hoch_, runter_, neu_}) {
         mitte->addWidget(k);
         benenne(*k, k->text());
     }
+    neu_->hide();
     mitte->addStretch();
     benenne(*zugeordnet_, links->text());
     benenne(*verfuegbar_, rechts->text());
@@ -80,6 +83,16 @@ ListenPaar::ListenPaar(const QString& titel, QWidget* eltern)
     connect(zugeordnet_, &QListWidget::itemActivated, this, &ListenPaar::entfernen);
     connect(filter_, &QLineEdit::textChanged, this, &ListenPaar::filtere);
     connect(zugeordnet_, &QListWidget::currentRowChanged, this, &ListenPaar::aktualisiereKnoepfe);
+    connect(neu_, &QPushButton::clicked, this, &ListenPaar::neuGewuenscht);
+    beiEnter(*filter_, [this] {
+        hinzufuegen();
+        filter_->clear();
+    });
+    // Filter, choice and assigned list in the order of the work.
+    setTabOrder(filter_, verfuegbar_);
+    setTabOrder(verfuegbar_, hinzu_);
+    setTabOrder(hinzu_, zugeordnet_);
+    setTabOrder(zugeordnet_, weg_);
     connect(verfuegbar_, &QListWidget::currentRowChanged, this, &ListenPaar::aktualisiereKnoepfe);
     aktualisiereKnoepfe();
 }
@@ -114,8 +127,28 @@ std::vector<Eintrag> ListenPaar::zugeordnet() const {
     return liste;
 }
 
+void ListenPaar::erlaubeNeu() {
+    neu_->show();
+}
+
+void ListenPaar::weiseZu(const Eintrag& e) {
+    const QString name = alsQString(e.name);
+    for (int i = 0; i < zugeordnet_->count(); ++i)
+        if (zugeordnet_->item(i)->text().compare(name, Qt::CaseInsensitive) == 0) return;
+    QListWidgetItem* item = nullptr;
+    for (int i = 0; i < verfuegbar_->count() && !item; ++i)
+        if (verfuegbar_->item(i)->text().compare(name, Qt::CaseInsensitive) == 0)
+            item = verfuegbar_->takeItem(i);
+    zugeordnet_->addItem(item ? item : eintragItem(e));
+    zugeordnet_->setCurrentRow(zugeordnet_->count() - 1);
+    emit geaendert();
+}
+
 void ListenPaar::hinzufuegen() {
     QListWidgetItem* item = verfuegbar_->currentItem();
+    // Without a visible current entry the first one the filter shows is taken.
+    for (int i = 0; (!item || item->isHidden()) && i < verfuegbar_->count(); ++i)
+        item = verfuegbar_->item(i);
     if (!item || item->isHidden()) return;
     const int zeile = verfuegbar_->row(item);
     zugeordnet_->addItem(verfuegbar_->takeItem(zeile));

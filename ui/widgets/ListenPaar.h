@@ -2,7 +2,9 @@
 // The pair of lists of an edit dialog: what an object has ("Zugeordnet", in its
 // order) and what it could have ("Verfügbar"). Entries move between them with the
 // buttons, a double click or Enter; the assigned ones can be reordered. A filter
-// field narrows the available list, which may hold tens of thousands of persons.
+// field narrows the available list, which may hold tens of thousands of persons;
+// Enter in it assigns the first entry it shows. Where the catalogue may grow,
+// "Neu..." asks the dialog for a name (neuGewuenscht) and weiseZu assigns it.
 // The entries are app's Eintrag values; nothing is written until the dialog's OK.
 
 #include <QWidget>
@@ -28,12 +30,18 @@ class ListenPaar : public QWidget {
     void setzeVerfuegbar(const std::vector<Eintrag>& eintraege);
     void setzeZugeordnet(const std::vector<Eintrag>& eintraege);
     std::vector<Eintrag> zugeordnet() const;
+    // Shows "&Neu..." (signal neuGewuenscht).
+    void erlaubeNeu();
+    // Assigns the entry: the available one of that name (letter case ignored),
+    // else a new one (id 0) that the store creates. Nothing when it is assigned.
+    void weiseZu(const Eintrag& e);
 
     QListWidget* zugeordnetListe() const { return zugeordnet_; }
     QListWidget* verfuegbarListe() const { return verfuegbar_; }
 
   signals:
     void geaendert();
+    void neuGewuenscht();
 
   public slots:
     void hinzufuegen();
@@ -53,6 +61,7 @@ class ListenPaar : public QWidget {
     QPushButton* weg_;
     QPushButton* hoch_;
     QPushButton* runter_;
+    QPushButton* neu_;
 };
 
 }  // namespace dv::ui
