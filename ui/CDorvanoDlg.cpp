@@ -56,6 +56,7 @@ CDorvanoDlg::CDorvanoDlg(CApplikation& app, QWidget* eltern)
     teiler_->setStretchFactor(0, 3);
     teiler_->setStretchFactor(1, 1);
     teiler_->setChildrenCollapsible(false);
+    teiler_->setContentsMargins(6, 4, 6, 0);
     setCentralWidget(teiler_);
     statusBar()->setObjectName(QStringLiteral("Statuszeile"));
 

@@ -1,6 +1,8 @@
 #include "ui/baum/KatalogKnoten.h"
 
 #include <QApplication>
+#include <QPainter>
+#include <QPixmap>
 #include <QStyle>
 
 #include "app/Zeichensatz.h"
@@ -66,6 +68,24 @@ void nummeriere(Knoten& eltern, std::size_t ab) {
     }
 }
 
+// A strip of film in the palette's text colour, so that it reads on light and
+// dark palettes alike.
+static QIcon filmSymbol() {
+    QPixmap bild(16, 16);
+    bild.fill(Qt::transparent);
+    QPainter maler(&bild);
+    const QColor farbe = QApplication::palette().color(QPalette::Text);
+    maler.fillRect(QRect(2, 1, 12, 14), farbe);
+    maler.setCompositionMode(QPainter::CompositionMode_Clear);
+    for (int y = 2; y < 14; y += 3) {
+        maler.fillRect(QRect(3, y, 2, 2), Qt::transparent);
+        maler.fillRect(QRect(11, y, 2, 2), Qt::transparent);
+    }
+    maler.fillRect(QRect(6, 3, 4, 4), Qt::transparent);
+    maler.fillRect(QRect(6, 9, 4, 4), Qt::transparent);
+    return QIcon(bild);
+}
+
 QIcon symbol(unsigned art) {
     QStyle* stil = QApplication::style();
     switch (art) {
@@ -76,7 +96,7 @@ QIcon symbol(unsigned art) {
         case kDvdKnoten:
             return stil->standardIcon(QStyle::SP_DriveDVDIcon);
         case kFilmKnoten:
-            return stil->standardIcon(QStyle::SP_MediaPlay);
+            return filmSymbol();
         case kGruppenKnoten:
             return stil->standardIcon(QStyle::SP_FileDialogDetailedView);
         default:

@@ -16,6 +16,7 @@ CoverFeld::CoverFeld(QWidget* eltern)
     bildFeld_->setFrameShape(QFrame::StyledPanel);
     angaben_->setObjectName(QStringLiteral("Boxangaben"));
     angaben_->setWordWrap(true);
+    angaben_->setTextFormat(Qt::RichText);
     angaben_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     angaben_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto* layout = new QVBoxLayout(this);
@@ -29,7 +30,7 @@ void CoverFeld::zeige(const CoverDaten& d) {
     bild_ = d.coverDatei.isEmpty() ? QPixmap() : QPixmap(d.coverDatei);
     if (bild_.isNull()) bildFeld_->setText(QStringLiteral("Kein Cover"));
     QStringList zeilen;
-    zeilen << d.titel;
+    zeilen << QStringLiteral("<b>%1</b>").arg(d.titel.toHtmlEscaped());
     zeilen << QStringLiteral("EAN: %1").arg(d.ean.isEmpty() ? QStringLiteral("–") : d.ean);
     zeilen << QStringLiteral("Verpackung: %1")
                   .arg(d.verpackung.isEmpty() ? QStringLiteral("–") : d.verpackung);
@@ -38,8 +39,10 @@ void CoverFeld::zeige(const CoverDaten& d) {
                   .arg(d.dvds == 1 ? QString() : QStringLiteral("s"))
                   .arg(d.filme)
                   .arg(d.filme == 1 ? QString() : QStringLiteral("e"));
-    angaben_->setText(zeilen.join(QLatin1Char('\n')));
-    angaben_->setAccessibleName(angaben_->text());
+    angaben_->setText(zeilen.join(QStringLiteral("<br>")));
+    zeilen[0] = d.titel;
+    text_ = zeilen.join(QLatin1Char('\n'));
+    angaben_->setAccessibleName(text_);
     bildFeld_->setAccessibleName(bild_.isNull() ? QStringLiteral("Kein Cover")
                                                 : QStringLiteral("Cover von ") + d.titel);
     skaliere();
@@ -50,10 +53,11 @@ void CoverFeld::leeren() {
     bildFeld_->setText(QStringLiteral("Kein Cover"));
     bildFeld_->setAccessibleName(bildFeld_->text());
     angaben_->clear();
+    text_.clear();
 }
 
 QString CoverFeld::beschreibung() const {
-    return (bild_.isNull() ? QStringLiteral("Kein Cover\n") : QString()) + angaben_->text();
+    return (bild_.isNull() ? QStringLiteral("Kein Cover\n") : QString()) + text_;
 }
 
 void CoverFeld::resizeEvent(QResizeEvent* ereignis) {

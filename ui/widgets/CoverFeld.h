@@ -40,6 +40,7 @@ class CoverFeld : public QWidget {
     QLabel* bildFeld_;
     QLabel* angaben_;
     QPixmap bild_;
+    QString text_;  // the lines without markup
 };
 
 }  // namespace dv::ui
