@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTimer>
 #include <QTreeView>
 
 #include "app/CApplikation.h"
@@ -77,6 +78,10 @@ CDorvanoDlg::CDorvanoDlg(CApplikation& app, QWidget* eltern)
     for (Steuerung* s : steuerungen) s->verbinde(*aktionen_);
 
     waechter_ = new DatenWaechter(app_, *katalog_, this);
+    coverUhr_ = new QTimer(this);
+    coverUhr_->setSingleShot(true);
+    coverUhr_->setInterval(0);
+    connect(coverUhr_, &QTimer::timeout, this, &CDorvanoDlg::zeigeCover);
     connect(katalog_, &KatalogAnsicht::auswahlGeaendert, this, &CDorvanoDlg::auswahlGeaendert);
     connect(katalog_, &KatalogAnsicht::kontextMenueGewuenscht, this,
             [this](unsigned art, const QPoint& wo) {
@@ -115,11 +120,15 @@ bool CDorvanoDlg::empfangeUebergaben(const QString& name) {
 void CDorvanoDlg::auswahlGeaendert() {
     const Auswahl a = katalog_->auswahl();
     aktionen_->aktualisiere(a);
-    zeigeCover(a.box);
+    // The cover follows once the events of a change have settled: loading a
+    // picture for every row a reload inserts would cost far more than the tree.
+    coverBox_ = a.box;
+    if (!coverUhr_->isActive()) coverUhr_->start();
 }
 
 // Read anew on every change: the box may have been edited meanwhile.
-void CDorvanoDlg::zeigeCover(long boxId) {
+void CDorvanoDlg::zeigeCover() {
+    const long boxId = coverBox_;
     if (boxId <= 0) {
         cover_->leeren();
         return;

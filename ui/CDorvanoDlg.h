@@ -9,6 +9,7 @@
 #include <vector>
 
 class QSplitter;
+class QTimer;
 
 namespace dv {
 class CApplikation;
@@ -50,7 +51,7 @@ class CDorvanoDlg : public QMainWindow {
 
   private:
     void auswahlGeaendert();
-    void zeigeCover(long boxId);
+    void zeigeCover();
 
     CApplikation& app_;
     KatalogAnsicht* katalog_;
@@ -60,6 +61,8 @@ class CDorvanoDlg : public QMainWindow {
     std::unique_ptr<Fensterteile> teile_;
     DatenSteuerung* daten_;
     DatenWaechter* waechter_;
+    QTimer* coverUhr_;
+    long coverBox_ = 0;
 };
 
 }  // namespace dv::ui

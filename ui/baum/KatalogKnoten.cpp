@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QStyle>
+#include <map>
 
 #include "app/Zeichensatz.h"
 
@@ -68,6 +69,8 @@ void nummeriere(Knoten& eltern, std::size_t ab) {
     }
 }
 
+static QIcon neuesSymbol(unsigned art);
+
 // A strip of film in the palette's text colour, so that it reads on light and
 // dark palettes alike.
 static QIcon filmSymbol() {
@@ -86,7 +89,15 @@ static QIcon filmSymbol() {
     return QIcon(bild);
 }
 
+// Made once per kind: the style's icons are decoded from pictures each time.
 QIcon symbol(unsigned art) {
+    static std::map<unsigned, QIcon> fertig;
+    auto it = fertig.find(art);
+    if (it == fertig.end()) it = fertig.emplace(art, neuesSymbol(art)).first;
+    return it->second;
+}
+
+static QIcon neuesSymbol(unsigned art) {
     QStyle* stil = QApplication::style();
     switch (art) {
         case kWurzelKnoten:

@@ -139,9 +139,13 @@ QString KatalogModell::schluessel(const QModelIndex& index) {
 }
 
 QModelIndex KatalogModell::kind(const QModelIndex& eltern, const QString& gesucht) const {
+    // Compared by number first: the root has tens of thousands of boxes.
     const Knoten* e = knoten(eltern);
-    for (const auto& k : e->kinder)
-        if (schluesselVon(*k) == gesucht) return indexVon(k.get());
+    const long zahl = gesucht.mid(1, gesucht.indexOf(QLatin1Char(':')) - 1).toLong();
+    for (const auto& k : e->kinder) {
+        const long eigene = k->art == kGruppenKnoten ? k->lookup : k->id;
+        if (eigene == zahl && schluesselVon(*k) == gesucht) return indexVon(k.get());
+    }
     return {};
 }
 
@@ -193,6 +197,15 @@ void KatalogModell::ladeKinder(Knoten& k) {
 // (with what is loaded below them), so the view keeps selection and expansion.
 void KatalogModell::setzeKinder(Knoten& eltern, Kinder neu) {
     const QModelIndex ei = indexVon(&eltern);
+    if (eltern.kinder.empty()) {
+        // Read for the first time: all rows in one step.
+        if (neu.empty()) return;
+        beginInsertRows(ei, 0, static_cast<int>(neu.size()) - 1);
+        eltern.kinder = std::move(neu);
+        nummeriere(eltern);
+        endInsertRows();
+        return;
+    }
     std::vector<QString> soll;
     for (const auto& n : neu) soll.push_back(schluesselVon(*n));
     for (int i = static_cast<int>(eltern.kinder.size()) - 1; i >= 0; --i) {

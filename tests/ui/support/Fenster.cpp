@@ -72,7 +72,9 @@ bool Fenster::aktiv(int befehlsId) {
 }
 
 bool Fenster::waehle(int typ, long id) {
-    return fenster().katalog().zeige(typ, id);
+    const bool gefunden = fenster().katalog().zeige(typ, id);
+    QApplication::processEvents();
+    return gefunden;
 }
 
 QString Fenster::aktuellerText() {
