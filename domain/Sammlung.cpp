@@ -28,6 +28,8 @@ class NachId {
             rows_[z.Id] = z;
         });
     }
+    // The highest live id (0 when none or not read).
+    long hoechste() const { return rows_.empty() ? 0 : static_cast<long>(rows_.size()) - 1; }
     const Z* finde(long id) const {
         if (id <= 0 || id >= static_cast<long>(rows_.size()) || rows_[id].Id == 0) return nullptr;
         return &rows_[id];
@@ -46,17 +48,21 @@ class NachId {
 };
 
 // The rows of a link table grouped by owner, each group in table (id) order,
-// which is the order in which a select by example returns them.
+// which is the order in which a select by example returns them. A row whose
+// owner lies beyond the highest live id of the owner's table can belong to no
+// owner and is left out, so the index is bounded by the files, not by the ids
+// a damaged row may carry.
 template <class Z>
 class NachBesitzer {
   public:
     template <class T, class Besitzer>
-    NachBesitzer(T& tab, Besitzer besitzer, bool lesen = true) {
+    NachBesitzer(T& tab, Besitzer besitzer, long hoechsterBesitzer, bool lesen = true) {
         if (!lesen) return;
         std::vector<Z> alle;
         std::int32_t hoechster = 0;
         tab.scanne([&](const Z& z) {
-            if (besitzer(z) <= 0) return;
+            hoechsteZeile_ = z.Id;
+            if (besitzer(z) <= 0 || besitzer(z) > hoechsterBesitzer) return;
             alle.push_back(z);
             hoechster = std::max(hoechster, besitzer(z));
         });
@@ -89,6 +95,8 @@ class NachBesitzer {
         It end() const { return {s.data() + s.size()}; }
     };
     Zeiger sortiert(long besitzer) const { return {von(besitzer)}; }
+    // The highest live row id of the link table itself.
+    long hoechsteZeile() const { return hoechsteZeile_; }
 
   private:
     // Puts each group in "Pos" order, once. Where the positions of a group all
@@ -124,12 +132,14 @@ class NachBesitzer {
 
     std::vector<std::uint32_t> anfang_;
     std::vector<Z> rows_;
+    long hoechsteZeile_ = 0;
 };
 
 class SammlungsLeser {
   public:
     // Tables that no list of the scope needs stay unread; their lists come out empty.
-    SammlungsLeser(Datenbank& db, unsigned u)
+    // hoechsteBox: the highest box id of the collection.
+    SammlungsLeser(Datenbank& db, unsigned u, long hoechsteBox)
         : db_(db),
           k_(db.katalog()),
           dvds_(k_.DVD, u & kUmfangDvds),
@@ -143,21 +153,24 @@ class SammlungsLeser {
           alias_(k_.Alias, u & kUmfangPersonen),
           personen_(k_.Person, u & kUmfangPersonen),
           dvdBox_(
-              k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }, u & kUmfangDvds),
-          dvdFilm_(k_.DVD_Film, erstes, u & kUmfangFilme),
-          boxExtras_(k_.Box_Extras, erstes, u & kUmfangBoxExtras),
-          dvdExtras_(k_.DVD_Extras, erstes, u & kUmfangDvdExtras),
-          filmGenre_(k_.Film_Genre, erstes, u & kUmfangGenres),
-          filmBildformat_(k_.Film_Bildformat, erstes, u & kUmfangBildformate),
-          filmUntertitel_(k_.Film_Untertitel, erstes, u & kUmfangUntertitel),
-          filmFkt_(k_.Film_Fkt, erstes, u & kUmfangFunktionen),
-          filmAlias_(k_.Film_Alias, erstes, u & kUmfangPersonen),
+              k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }, hoechsteBox, u & kUmfangDvds),
+          dvdFilm_(k_.DVD_Film, erstes, dvds_.hoechste(), u & kUmfangFilme),
+          boxExtras_(k_.Box_Extras, erstes, hoechsteBox, u & kUmfangBoxExtras),
+          dvdExtras_(k_.DVD_Extras, erstes, dvds_.hoechste(), u & kUmfangDvdExtras),
+          filmGenre_(k_.Film_Genre, erstes, filme_.hoechste(), u & kUmfangGenres),
+          filmBildformat_(k_.Film_Bildformat, erstes, filme_.hoechste(), u & kUmfangBildformate),
+          filmUntertitel_(k_.Film_Untertitel, erstes, filme_.hoechste(), u & kUmfangUntertitel),
+          filmFkt_(k_.Film_Fkt, erstes, filme_.hoechste(), u & kUmfangFunktionen),
           filmSprachen_(
-              k_.Film_Sprachen, [](const Zeile6& z) { return z.Film_Id; }, u & kUmfangSprachen),
+              k_.Film_Sprachen, [](const Zeile6& z) { return z.Film_Id; }, filme_.hoechste(),
+              u & kUmfangSprachen),
           filmPerson_(
-              k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; }, u & kUmfangPersonen),
+              k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; }, filme_.hoechste(),
+              u & kUmfangPersonen),
+          filmAlias_(k_.Film_Alias, erstes, filmPerson_.hoechsteZeile(), u & kUmfangPersonen),
           titel_(
-              k_.Titel, [](const Zeile4& z) { return z.Fremd_Id; }, u & kUmfangFilme) {}
+              k_.Titel, [](const Zeile4& z) { return z.Fremd_Id; }, filme_.hoechste(),
+              u & kUmfangFilme) {}
 
     void ladeBox(BoxElement& b) {
         b.pExtras = objekte(boxExtras_, extras_, b.Id);
@@ -242,9 +255,10 @@ class SammlungsLeser {
     NachId<Zeile8> personen_;
     NachBesitzer<Zeile7> dvdBox_;
     NachBesitzer<Zeile2> dvdFilm_, boxExtras_, dvdExtras_, filmGenre_, filmBildformat_,
-        filmUntertitel_, filmFkt_, filmAlias_;
+        filmUntertitel_, filmFkt_;
     NachBesitzer<Zeile6> filmSprachen_;
-    NachBesitzer<Zeile3> filmPerson_;
+    NachBesitzer<Zeile3> filmPerson_;  // before filmAlias_, whose owners are its rows
+    NachBesitzer<Zeile2> filmAlias_;
     NachBesitzer<Zeile4> titel_;
 };
 
@@ -257,13 +271,13 @@ BoxListe Datenbank::ladeSammlung(unsigned umfang) {
     if (umfang & (kUmfangFilme | kUmfangDvdExtras)) umfang |= kUmfangDvds;
     BoxListe boxen = getBoxListe();
     if (!boxen) return boxen;
-    SammlungsLeser leser(*this, umfang);
     // Boxes in id order: ids follow the order in which the collection was entered,
     // so the rows of each table are then visited mostly front to back.
     std::vector<BoxElement*> nachId;
     for (BoxElement* b = boxen.get(); b; b = b->pNext) nachId.push_back(b);
     std::sort(nachId.begin(), nachId.end(),
               [](const BoxElement* a, const BoxElement* b) { return a->Id < b->Id; });
+    SammlungsLeser leser(*this, umfang, nachId.back()->Id);
     for (BoxElement* b : nachId) leser.ladeBox(*b);
     return boxen;
 }

@@ -226,15 +226,15 @@ void Validierung::phase2() {
 }
 
 void Validierung::phase3() {
-    std::vector<bool> benannt;
-    k_.Film_Alias.scanne([&](const Zeile2& z) {
-        if (enthaelt(entfernteFilmAlias_, z.Id) || z.Objekt1_Id <= 0) return;
-        if (static_cast<std::size_t>(z.Objekt1_Id) >= benannt.size())
-            benannt.resize(static_cast<std::size_t>(z.Objekt1_Id) * 2 + 16);
-        benannt[static_cast<std::size_t>(z.Objekt1_Id)] = true;
-    });
     std::vector<long> alias;
     k_.Alias.scanne([&](const Zeile1& z) { alias.push_back(z.Id); });
+    // Marks only up to the highest alias: a link naming an id beyond it names nothing.
+    std::vector<bool> benannt(alias.empty() ? 0 : static_cast<std::size_t>(alias.back()) + 1);
+    k_.Film_Alias.scanne([&](const Zeile2& z) {
+        if (enthaelt(entfernteFilmAlias_, z.Id) || z.Objekt1_Id <= 0) return;
+        if (static_cast<std::size_t>(z.Objekt1_Id) < benannt.size())
+            benannt[static_cast<std::size_t>(z.Objekt1_Id)] = true;
+    });
     const long n = static_cast<long>(alias.size());
     log_.zeile("Suche nach unzugeordneten Alias-Einträgen [%d]...", static_cast<int>(n));
     bool entfernt = false;

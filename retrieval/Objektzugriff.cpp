@@ -17,18 +17,19 @@ std::vector<std::size_t> vomTyp(const std::vector<ObjektRef>& objekte, int typ) 
     return pos;
 }
 
-// Flags by id of the asked objects, for a table scan.
-std::vector<char> gefragt(const std::vector<ObjektRef>& objekte,
-                          const std::vector<std::size_t>& pos) {
-    long hoechste = 0;
-    for (std::size_t i : pos) hoechste = std::max(hoechste, objekte[i].id);
-    std::vector<char> flags(static_cast<std::size_t>(hoechste) + 1, 0);
-    for (std::size_t i : pos) flags[static_cast<std::size_t>(objekte[i].id)] = 1;
-    return flags;
+// The asked ids, sorted, for a table scan. Not an array by id: the ids come
+// from stored rows and may be far beyond every table.
+using Ids = std::vector<long>;
+Ids gefragt(const std::vector<ObjektRef>& objekte, const std::vector<std::size_t>& pos) {
+    Ids ids;
+    for (std::size_t i : pos) ids.push_back(objekte[i].id);
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    return ids;
 }
 
-bool istGefragt(const std::vector<char>& flags, long id) {
-    return id > 0 && id < static_cast<long>(flags.size()) && flags[static_cast<std::size_t>(id)];
+bool istGefragt(const Ids& ids, long id) {
+    return std::binary_search(ids.begin(), ids.end(), id);
 }
 
 // The name field of boxes or DVDs: by id for a few, else one scan.
@@ -41,7 +42,7 @@ void namenAus(T& tab, int typ, const std::vector<ObjektRef>& objekte,
             if (auto l = tab.eine(objekte[i].id)) aus[i] = T::zeile(l.get()).cpText;
         return;
     }
-    const std::vector<char> flags = gefragt(objekte, pos);
+    const Ids flags = gefragt(objekte, pos);
     std::unordered_map<long, std::string> namen;
     tab.scanne([&](const typename T::Zeile& z) {
         if (istGefragt(flags, z.Id)) namen.emplace(z.Id, z.cpText);
@@ -65,15 +66,15 @@ void filmTitel(Katalog& k, const std::vector<ObjektRef>& objekte,
                std::vector<std::optional<std::string>>& aus) {
     const std::vector<std::size_t> pos = vomTyp(objekte, kObjektFilm);
     if (pos.empty()) return;
-    std::vector<char> flags = gefragt(objekte, pos);
-    // Films that do not exist are dropped from the flags.
-    std::vector<char> lebt(flags.size(), 0);
+    const Ids flags = gefragt(objekte, pos);
+    // Films that do not exist are dropped.
+    Ids lebt;
     if (pos.size() <= kWenige) {
-        for (std::size_t i : pos)
-            if (k.Film.eine(objekte[i].id)) lebt[static_cast<std::size_t>(objekte[i].id)] = 1;
+        for (long id : flags)
+            if (k.Film.eine(id)) lebt.push_back(id);
     } else {
         k.Film.scanne([&](const Zeile5& z) {
-            if (istGefragt(flags, z.Id)) lebt[static_cast<std::size_t>(z.Id)] = 1;
+            if (istGefragt(flags, z.Id)) lebt.push_back(z.Id);
         });
     }
     std::unordered_map<long, Zeile4> beste;
