@@ -18,8 +18,9 @@ Kommandozeilenprogramm dorvano-cli.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # libcurl is opened with dlopen on the first download, so no binary names it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 | libcurl3-gnutls")
-# xdg-open shows the finished HTML overview.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
+# xdg-open shows the finished HTML overview; the Qt translations put the file
+# dialogs and key names of the desktop program into German.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_SOURCE_GENERATOR "")

@@ -4,7 +4,9 @@
 // running window and ends.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QLibraryInfo>
 #include <QTimer>
+#include <QTranslator>
 #include <optional>
 #include <thread>
 
@@ -62,6 +64,12 @@ int main(int argc, char** argv) {
     bereiteHeapVor(std::size_t{128} << 20);
 
     QApplication anwendung(argc, argv);
+    // Qt's own texts (file dialogs, key names in the menus, edit fields' context
+    // menus) in German; without the translations installed they stay English.
+    QTranslator qtTexte;
+    if (qtTexte.load(QLocale(QLocale::German, QLocale::Germany), QStringLiteral("qtbase"),
+                     QStringLiteral("_"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&qtTexte);
     QCommandLineParser parser;
     const Optionen o;
     richteEin(parser, o);

@@ -35,7 +35,7 @@ KatalogAnsicht::KatalogAnsicht(CApplikation& app, QWidget* eltern)
       filter_(new QLineEdit(this)),
       anzahl_(new QLabel(this)),
       baum_(new QTreeView(this)),
-      hinweis_(new QLabel(this)) {
+      hinweis_(new QLabel(baum_->viewport())) {
     filterModell_->setSourceModel(modell_);
     auto* beschriftung = new QLabel(QStringLiteral("Fi&lter:"), this);
     beschriftung->setBuddy(filter_);
@@ -50,12 +50,23 @@ KatalogAnsicht::KatalogAnsicht(CApplikation& app, QWidget* eltern)
     baum_->setUniformRowHeights(true);
     baum_->setContextMenuPolicy(Qt::CustomContextMenu);
     baum_->setModel(filterModell_);
+    // The hint stands in the empty tree itself, where a new collector looks
+    // first; clicks go through to the root node.
     hinweis_->setObjectName(QStringLiteral("Hinweis"));
     hinweis_->setWordWrap(true);
-    hinweis_->setText(QStringLiteral(
-        "Der Katalog ist noch leer. Legen Sie mit „Objekte › Box › Neu...“ (Strg+N) Ihre erste "
-        "Box an, holen Sie Boxen mit „Daten › Importieren“ (Strg+I) oder „Web-Import...“, oder "
-        "ziehen Sie .box-Dateien auf dieses Fenster."));
+    hinweis_->setAlignment(Qt::AlignCenter);
+    hinweis_->setForegroundRole(QPalette::Text);
+    hinweis_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* hinweisFlaeche = new QVBoxLayout(baum_->viewport());
+    hinweisFlaeche->setContentsMargins(24, 24, 24, 24);
+    hinweisFlaeche->addStretch(1);
+    hinweisFlaeche->addWidget(hinweis_);
+    hinweisFlaeche->addStretch(2);
+    hinweis_->setText(
+        QStringLiteral("Der Katalog ist noch leer.\n\n"
+                       "Eine Box anlegen: „Objekte › Box › Neu...“ (Strg+N)\n"
+                       "Boxen holen: „Daten › Importieren“ (Strg+I) oder „Daten › Web-Import...“\n"
+                       "oder .box-Dateien auf dieses Fenster ziehen."));
 
     auto* zeile = new QHBoxLayout;
     zeile->addWidget(beschriftung);
@@ -65,7 +76,6 @@ KatalogAnsicht::KatalogAnsicht(CApplikation& app, QWidget* eltern)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(zeile);
     layout->addWidget(baum_, 1);
-    layout->addWidget(hinweis_);
 
     connect(filter_, &QLineEdit::textChanged, this, &KatalogAnsicht::filtere);
     connect(modell_, &KatalogModell::anzahlGeaendert, this, &KatalogAnsicht::zeigeAnzahl);

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace dv::ui {
 
@@ -13,7 +14,6 @@ CoverFeld::CoverFeld(QWidget* eltern)
     bildFeld_->setAlignment(Qt::AlignCenter);
     bildFeld_->setMinimumSize(120, 120);
     bildFeld_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    bildFeld_->setFrameShape(QFrame::StyledPanel);
     angaben_->setObjectName(QStringLiteral("Boxangaben"));
     angaben_->setWordWrap(true);
     angaben_->setTextFormat(Qt::RichText);
@@ -21,8 +21,11 @@ CoverFeld::CoverFeld(QWidget* eltern)
     angaben_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    // The picture takes the height it needs, the box's data follow right below
+    // it, and what is left stays empty at the bottom.
     layout->addWidget(bildFeld_, 1);
     layout->addWidget(angaben_);
+    layout->addStretch(0);
     leeren();
 }
 
@@ -54,6 +57,7 @@ void CoverFeld::leeren() {
     bildFeld_->setAccessibleName(bildFeld_->text());
     angaben_->clear();
     text_.clear();
+    skaliere();
 }
 
 QString CoverFeld::beschreibung() const {
@@ -65,10 +69,21 @@ void CoverFeld::resizeEvent(QResizeEvent* ereignis) {
     skaliere();
 }
 
+// Sized from the pane, never from the picture's own label, so that a new
+// height cannot feed back into the next scaling.
 void CoverFeld::skaliere() {
-    if (bild_.isNull()) return;
-    bildFeld_->setPixmap(
-        bild_.scaled(bildFeld_->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    const int abstand = layout()->spacing();
+    const QSize frei(width(), std::max(bildFeld_->minimumHeight(),
+                                       height() - angaben_->heightForWidth(width()) - abstand));
+    // Without a picture a framed place of a cover's shape stands for it.
+    bildFeld_->setFrameShape(bild_.isNull() ? QFrame::StyledPanel : QFrame::NoFrame);
+    if (bild_.isNull()) {
+        bildFeld_->setMaximumHeight(std::min(frei.height(), frei.width() * 7 / 5));
+        return;
+    }
+    const QPixmap bild = bild_.scaled(frei, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    bildFeld_->setMaximumHeight(bild.height());
+    bildFeld_->setPixmap(bild);
 }
 
 }  // namespace dv::ui
