@@ -14,17 +14,6 @@
 
 namespace dv::ui {
 
-namespace {
-
-FilmKataloge filmKataloge(CApplikation& app) {
-    LookupDienst l(app);
-    return {l.eintraege(kTypGenre),    l.eintraege(kTypBildformat),
-            l.eintraege(kTypSprache),  l.eintraege(kTypTonformat),
-            l.eintraege(kTypFunktion), PersonenDienst(app).liste(false)};
-}
-
-}  // namespace
-
 void BearbeitenSteuerung::verbinde(Aktionen& a) {
     using S = BearbeitenSteuerung;
     a.verbinde(kCmdBoxNeu, this, &S::boxNeu);
@@ -154,7 +143,7 @@ void BearbeitenSteuerung::oeffneFilmSeite(int seite) {
 }
 
 void BearbeitenSteuerung::oeffneFilm(long dvdId, const FilmWerte& w, int seite) {
-    auto* dlg = new FilmDlg(fenster(), app(), w, filmKataloge(app()));
+    auto* dlg = new FilmDlg(fenster(), app(), w, ladeFilmKataloge(app()));
     dlg->setAttribute(Qt::WA_DeleteOnClose);
     dlg->setzeSpeichern([this, dlg, dvdId] {
         auto id = BearbeitungsDienst(app()).speichereFilm(dvdId, dlg->werte());

@@ -16,6 +16,7 @@
 
 #include "app/CApplikation.h"
 #include "app/Grenzen.h"
+#include "app/LookupDienst.h"
 #include "app/Zeichensatz.h"
 #include "ui/dialoge/lookups/PersonDlg.h"
 #include "ui/dialoge/objekte/PersonenSeite.h"
@@ -74,6 +75,13 @@ std::string nichtDarstellbar(const QString& text) {
 }
 
 }  // namespace
+
+FilmKataloge ladeFilmKataloge(CApplikation& app) {
+    LookupDienst l(app);
+    return {l.eintraege(kTypGenre),    l.eintraege(kTypBildformat),
+            l.eintraege(kTypSprache),  l.eintraege(kTypTonformat),
+            l.eintraege(kTypFunktion), PersonenDienst(app).liste(false)};
+}
 
 FilmDlg::FilmDlg(QWidget* eltern, CApplikation& app, const FilmWerte& w, const FilmKataloge& k)
     : EditDlg(eltern, app, "WP_film", filmTitel(w)),

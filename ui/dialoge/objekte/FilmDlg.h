@@ -32,6 +32,9 @@ struct FilmKataloge {
     std::vector<PersonZeile> personen;
 };
 
+// Every catalogue the film dialog offers, read once for one opening.
+FilmKataloge ladeFilmKataloge(CApplikation& app);
+
 class FilmDlg : public EditDlg {
     Q_OBJECT
   public:
