@@ -99,8 +99,7 @@ void BM_FilmdialogOeffnen(benchmark::State& state) {
         dlg.reset();
         state.ResumeTiming();
     }
-    state.counters["Personen"] =
-        static_cast<double>(PersonenDienst(s.app).liste(false).size());
+    state.counters["Personen"] = static_cast<double>(PersonenDienst(s.app).liste(false).size());
     state.counters["Genres"] = static_cast<double>(LookupDienst(s.app).eintraege(kTypGenre).size());
 }
 BENCHMARK(BM_FilmdialogOeffnen)->Unit(benchmark::kMillisecond);
@@ -118,8 +117,7 @@ void BM_PersonVervollstaendigenJeTaste(benchmark::State& state) {
         return;
     }
     const auto personen = PersonenDienst(s.app).liste(false);
-    const QString tasten =
-        alsQString(personen[personen.size() / 2].person.name).left(5);
+    const QString tasten = alsQString(personen[personen.size() / 2].person.name).left(5);
     feld->setFocus();
     int i = 0;
     for (auto _ : state) {
