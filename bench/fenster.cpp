@@ -69,7 +69,13 @@ struct Umgebung {
         if (!app->starte(basis) || !app->pruefeDatenversion()) std::abort();
         anlauf += sekundenSeit(s);
     }
-    ~Umgebung() { fs::remove_all(basis); }
+    ~Umgebung() {
+        app.reset();
+        fs::remove_all(basis);
+        // This runs among the exit handlers, after Qt's own statics are gone:
+        // destroying the application object there would crash.
+        (void)anwendung.release();
+    }
     std::string basis;
     std::unique_ptr<QApplication> anwendung;
     generator::StillerBenutzer benutzer;
