@@ -81,22 +81,9 @@ void CApplikation::bereiteSchreibenVor() {
         haengeZeileAn(fs_, ordner_.meldungen + "meldung.log",
                       Protokoll::zeitstempel() + " " + text);
     };
+    // A write that did not come through the services still says why it was refused.
     umgebung_.beiHindernis = [this](Hindernis h) {
-        const char* text = "Der Katalog kann gerade nicht geändert werden.";
-        if (h == Hindernis::AndererSchreiber)
-            text =
-                "Der Katalog wird gerade von einem anderen Programm geändert.\n"
-                "Bitte versuchen Sie es gleich noch einmal; es wurde nichts geändert.";
-        else if (h == Hindernis::NichtBeschreibbar)
-            text =
-                "Der Katalog kann nicht geändert werden: im Programmordner lässt sich keine "
-                "Schreibsperre anlegen (schreibgeschützter Datenträger oder fehlende Rechte).\n"
-                "Es wurde nichts geändert.";
-        else if (h == Hindernis::Journal)
-            text =
-                "Ein unterbrochener Schreibvorgang konnte nicht zurückgenommen werden "
-                "(siehe Meldungen/meldung.log).\nEs wurde nichts geändert.";
-        benutzer_.meldung("Warnung", text, Symbol::Warnung);
+        benutzer_.meldung("Warnung", hindernisGrund(h), Symbol::Warnung);
     };
 }
 

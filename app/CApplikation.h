@@ -62,7 +62,9 @@ class CApplikation {
 
     Benutzer& benutzer() { return benutzer_; }
     Einstellungen& einstellungen() { return einstellungen_; }
-    Dateisystem& fs() { return fs_; }
+    // The files as the running write operation sees them (see Schreibstelle), the
+    // real ones otherwise: a service's cover or text writes belong to its operation.
+    Dateisystem& fs() { return *umgebung_.fs; }
     Protokoll& protokoll() { return protokoll_; }
     const Ordner& ordner() const { return ordner_; }
     Datenbank& db() { return *db_; }
@@ -114,7 +116,7 @@ class CApplikation {
     std::unique_ptr<Tagverwaltung> tags_;
     std::unique_ptr<Stempeltags> stempeltags_;
     Aenderungen aenderungen_;
-    Schreibstelle schreibstelle_{aenderungen_};
+    Schreibstelle schreibstelle_{aenderungen_, umgebung_};
     std::unique_ptr<Dienste> dienste_;
 };
 
