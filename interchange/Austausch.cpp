@@ -45,6 +45,8 @@ ExportErgebnis Austausch::exportiere(long boxId, const std::string& ordner,
     schreiber.optionen = o;
     const std::string ziel = BoxSchreiber::zielPfad(*box, ordner);
     if (pfad) *pfad = ziel;
+    // What an interrupted export of this box left behind goes first.
+    db_.fs().loesche(ziel + ".tmp");
     if (db_.fs().existiert(ziel) &&
         !benutzer_.frage("Warnung", "Die Exportdatei existiert bereits.\nÜberschreiben?"))
         return ExportErgebnis::NichtUeberschrieben;

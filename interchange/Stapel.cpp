@@ -26,8 +26,17 @@ std::string exportFortschritt(int nummer, int gesamt, const std::string& ean,
            "}\r\nNicht exportierte Boxen: " + std::to_string(nichtExportiert);
 }
 
+void raeumeExportAuf(Dateisystem& fs, const std::string& ordner) {
+    static const std::string endung = ".box.tmp";
+    for (const OrdnerEintrag& e : fs.liste(ordner))
+        if (!e.istOrdner && e.name.size() > endung.size() &&
+            e.name.compare(e.name.size() - endung.size(), endung.size(), endung) == 0)
+            fs.loesche(ordner + e.name);
+}
+
 StapelExportErgebnis exportiereAlle(Datenbank& db, ExportQuelle& quelle, BoxSchreiber& schreiber,
                                     Benutzer& benutzer, const std::string& ordner) {
+    raeumeExportAuf(db.fs(), ordner);
     StapelExportErgebnis e;
     BoxListe boxen = db.ladeSammlung();
     quelle.fuerSammlung();

@@ -26,7 +26,8 @@ std::string exportFortschritt(int nummer, int gesamt, const std::string& ean,
 // "<EAN>.box" into ordner (ending in '/'). The collection is read in one pass
 // (Datenbank::ladeSammlung). Each box shows its progress text; at the end the
 // titles of the boxes not exported, if any, are shown, one line "\"%s\"\r\n" each.
-// schreiber carries the options and the translator.
+// schreiber carries the options and the translator. Temporary files that an
+// interrupted earlier run left in ordner are removed first.
 StapelExportErgebnis exportiereAlle(Datenbank& db, ExportQuelle& quelle, BoxSchreiber& schreiber,
                                     Benutzer& benutzer, const std::string& ordner);
 

@@ -45,6 +45,9 @@ TEST(StapelExport, FortschrittDateienUndNichtExportierte) {
     const long kaputt = k.db->neueBox("333", "Cover kaputt", 0);
     schreibeDatei(k.ordner.cover + std::to_string(kaputt) + ".tif", "TIF");
     TempOrdner ziel;
+    // Left by an export that was killed; the user's own file stays.
+    schreibeDatei(ziel / "999.box.tmp", "halb");
+    schreibeDatei(ziel / "notiz.tmp", "eigen");
     const StapelExportErgebnis r = k.austausch.exportiereAlle(ziel.pfad(), false);
     EXPECT_EQ(r.gesamt, 3);
     EXPECT_EQ(r.exportiert, 2);
@@ -57,7 +60,8 @@ TEST(StapelExport, FortschrittDateienUndNichtExportierte) {
             "exportierte Boxen: 0",
             "Exportiere Box 3 von 3\r\n333.box\r\n{Cover kaputt}\r\nNicht exportierte Boxen: 0"}));
     EXPECT_EQ(k.nutzer.texte, std::vector<std::string>{"\"Cover kaputt\"\r\n"});
-    EXPECT_EQ(dateienIn(ziel.pfad()), (std::vector<std::string>{"111.box", "222.box"}));
+    EXPECT_EQ(dateienIn(ziel.pfad()),
+              (std::vector<std::string>{"111.box", "222.box", "notiz.tmp"}));
     EXPECT_EQ(k.austausch.letzterExportOrdner(), ziel.pfad());
     EXPECT_EQ(exportFortschritt(1, 1, "9", "x", 4),
               "Exportiere Box 1 von 1\r\n9.box\r\n{x}\r\nNicht exportierte Boxen: 4");
