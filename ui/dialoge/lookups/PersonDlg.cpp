@@ -52,6 +52,7 @@ PersonDlg::PersonDlg(QWidget* eltern, CApplikation& app, const PersonWerte& w)
     vorname_->setzeText8(w.vorname);
     instanz_->setRange(0, 32767);
     instanz_->setValue(w.instanz);
+    instanz_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     instanz_->setToolTip(QStringLiteral("Unterscheidet Personen mit gleichem Namen und Vornamen"));
     hinweis_->setObjectName(QStringLiteral("Hinweis"));
     hinweis_->setWordWrap(true);

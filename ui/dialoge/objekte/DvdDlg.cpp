@@ -33,6 +33,8 @@ QSpinBox* zahlFeld(int bis, const QString& suffix, QWidget* eltern) {
     auto* s = new QSpinBox(eltern);
     s->setRange(0, bis);
     s->setSuffix(suffix);
+    // A number field as wide as its largest number, not as the form.
+    s->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     return s;
 }
 

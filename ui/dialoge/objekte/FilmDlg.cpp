@@ -137,11 +137,15 @@ QWidget* FilmDlg::allgemein(const FilmWerte& w) {
     fsk_->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,3}")), fsk_));
     fsk_->setCurrentText(QString::number(w.fsk));
+    fsk_->setMinimumContentsLength(4);
     laenge_->setRange(0, 9999);
     laenge_->setSuffix(QStringLiteral(" min"));
     laenge_->setValue(w.laenge);
     jahr_->setRange(0, 9999);
     jahr_->setValue(w.jahr);
+    // Number fields as wide as their largest number, not as the form.
+    for (QWidget* zahl : std::initializer_list<QWidget*>{fsk_, laenge_, jahr_})
+        zahl->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
     auto* hinzu = new QPushButton(QStringLiteral("Hin&zufügen"), seite);
     auto* weg = new QPushButton(QStringLiteral("Entfer&nen"), seite);
