@@ -92,6 +92,10 @@ DvdDlg::DvdDlg(QWidget* eltern, CApplikation& app, const DvdWerte& w,
         regionReihe->addWidget(regionen_[i]);
     }
     regionReihe->addStretch();
+    // Tab follows the form top down: the region codes come before the extras.
+    setTabOrder(format_, regionen_[0]);
+    for (int i = 0; i + 1 < 8; ++i) setTabOrder(regionen_[i], regionen_[i + 1]);
+    setTabOrder(regionen_[7], extras_);
 
     auto* disc = new QGroupBox(QStringLiteral("Disc"), this);
     auto* discForm = new QFormLayout;

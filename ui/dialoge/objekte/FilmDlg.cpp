@@ -159,6 +159,10 @@ QWidget* FilmDlg::allgemein(const FilmWerte& w) {
     connect(hinzu, &QPushButton::clicked, this, neuerTitel);
     connect(weg, &QPushButton::clicked, this, [this] { entferneAktuelle(*alternativ_); });
     beiEnter(*neuerAlternativ_, neuerTitel);
+    // The buttons beside the titles come before the fields below them.
+    setTabOrder(neuerAlternativ_, hinzu);
+    setTabOrder(hinzu, weg);
+    setTabOrder(weg, fsk_);
     auto* alternativen = new QGridLayout;
     alternativen->setContentsMargins(0, 0, 0, 0);
     alternativen->addWidget(alternativ_, 0, 0, 3, 1);
