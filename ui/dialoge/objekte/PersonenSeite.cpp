@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QStringListModel>
 #include <QTreeWidget>
@@ -59,6 +60,10 @@ PersonenSeite::PersonenSeite(const std::vector<PersonZeile>& personen,
     vervollstaendigung->setCaseSensitivity(Qt::CaseInsensitive);
     vervollstaendigung->setFilterMode(Qt::MatchContains);
     vervollstaendigung->setMaxVisibleItems(15);
+    // The first letter matches thousands of persons: rows of one height spare
+    // the popup measuring each of them.
+    if (auto* liste = qobject_cast<QListView*>(vervollstaendigung->popup()))
+        liste->setUniformItemSizes(true);
     person_->setCompleter(vervollstaendigung);
     person_->setPlaceholderText(QStringLiteral("Name, Vorname"));
     funktion_->setzeEintraege(funktionen);
