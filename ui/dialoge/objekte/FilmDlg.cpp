@@ -98,13 +98,15 @@ FilmDlg::FilmDlg(QWidget* eltern, CApplikation& app, const FilmWerte& w, const F
     erlaubeNeu(*bildformate_, QStringLiteral("Bildformate"));
     erlaubeNeu(*untertitel_, QStringLiteral("Untertitel"));
     seiten_->addTab(allgemein(w), QStringLiteral("&Allgemein"));
-    seiten_->addTab(genres_, QStringLiteral("&Genre"));
-    seiten_->addTab(bildformate_, QStringLiteral("&Bildformate"));
-    seiten_->addTab(untertitel_, QStringLiteral("Unte&rtitel"));
+    seiten_->addTab(mitRand(genres_), QStringLiteral("&Genre"));
+    seiten_->addTab(mitRand(bildformate_), QStringLiteral("&Bildformate"));
+    seiten_->addTab(mitRand(untertitel_), QStringLiteral("Unte&rtitel"));
     seiten_->addTab(sprachen_, QStringLiteral("&Sprachen"));
     seiten_->addTab(personen_, QStringLiteral("&Personen"));
-    seiten_->addTab(inhalt_ = textFeld(), QStringLiteral("&Inhalt"));
-    seiten_->addTab(kommentar_ = textFeld(), QStringLiteral("&Kommentar"));
+    seiten_->addTab(mitRand(inhalt_ = textFeld(), QStringLiteral("Inhalt")),
+                    QStringLiteral("&Inhalt"));
+    seiten_->addTab(mitRand(kommentar_ = textFeld(), QStringLiteral("Kommentar")),
+                    QStringLiteral("&Kommentar"));
     inhalt_->setPlainText(alsAnzeige(w.inhalt, inhaltCrLf_));
     kommentar_->setPlainText(alsAnzeige(w.kommentar, kommentarCrLf_));
     for (int i = 0; i < seiten_->count(); ++i) benenne(*seiten_->widget(i), seiten_->tabText(i));
@@ -186,6 +188,16 @@ QWidget* FilmDlg::allgemein(const FilmWerte& w) {
     zeile(QStringLiteral("&Länge:"), laenge_);
     zeile(QStringLiteral("&Jahr:"), jahr_);
     benenne(*neuerAlternativ_, QStringLiteral("Weiterer Titel"));
+    return seite;
+}
+
+QWidget* FilmDlg::mitRand(QWidget* inhalt, const QString& name) {
+    // The lists and editors keep the distance from the tab's frame that the
+    // form pages have; the page hands its focus on to them.
+    auto* seite = new QWidget(this);
+    (new QVBoxLayout(seite))->addWidget(inhalt);
+    seite->setFocusProxy(inhalt);
+    if (!name.isEmpty()) benenne(*inhalt, name);
     return seite;
 }
 

@@ -54,6 +54,7 @@ class FilmDlg : public EditDlg {
 
   private:
     QWidget* allgemein(const FilmWerte& w);
+    QWidget* mitRand(QWidget* inhalt, const QString& name = QString());
     QPlainTextEdit* textFeld();
     void neuePerson(const QString& text);
     bool darstellbar(const QPlainTextEdit& feld, Seite s);
