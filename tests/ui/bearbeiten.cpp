@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
+#include <QToolTip>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <QtTest>
@@ -158,6 +159,11 @@ void BearbeitenTest::boxEanVerweigertUndRundreise() {
     tippe(dlg, "EAN", "4006381333932");
     tippe(dlg, "Bezeichnung",
           QStringLiteral("Zorro – Der Rächer"));  // the dash is in the code page
+    // An arrow is not: refused where it is typed, with the reason beside the field.
+    const QString pfeil = QStringLiteral("→");
+    kind<QLineEdit>(dlg, "Bezeichnung")->insert(pfeil);
+    QCOMPARE(QToolTip::text(), QStringLiteral("Zeichen nicht darstellbar: ") + pfeil);
+    QCOMPARE(kind<QLineEdit>(dlg, "Bezeichnung")->text(), QStringLiteral("Zorro – Der Rächer"));
     ok(dlg);
     QVERIFY(f.letzteFrage().starts_with("Die Prüfziffer der EAN [4006381333932]"));
     QVERIFY(f.dialog<BoxDlg>());
