@@ -2,13 +2,16 @@
 
 #include <QAction>
 #include <QTimer>
+#include <QTreeView>
 
 #include "app/CApplikation.h"
 #include "app/Gedenken.h"
+#include "app/LaufwerkDienst.h"
 #include "app/OptionenDienst.h"
 #include "app/Programminfo.h"
 #include "ui/aktionen/Aktionen.h"
 #include "ui/baum/KatalogAnsicht.h"
+#include "ui/dialoge/haupt/DvdInfoDlg.h"
 #include "ui/dialoge/haupt/EingabeDlg.h"
 #include "ui/dialoge/haupt/InfoDlg.h"
 #include "ui/dialoge/haupt/OptionenDlg.h"
@@ -23,40 +26,56 @@ void DatenbankSteuerung::validieren() {
     if (app().validiereDatenbank()) baum().ladeNeu();
 }
 
+LaufwerkSteuerung::LaufwerkSteuerung(Fensterteile& teile)
+    : Steuerung(teile), laufwerke_(&systemLaufwerke()) {}
+
 void LaufwerkSteuerung::verbinde(Aktionen& a) {
     using S = LaufwerkSteuerung;
     a.verbinde(kCmdDvdInfo, this, &S::info);
     a.verbinde(kCmdErkennen, this, &S::erkennen);
     a.verbinde(kCmdAusfahren, this, &S::ausfahren);
     a.verbinde(kCmdEinfahren, this, &S::einfahren);
+    a.verbinde(kCmdLaufwerk, this, &S::laufwerk);
 }
 
 void LaufwerkSteuerung::info() {
-    nochNichtVerfuegbar("DVD-Info");
+    const auto angaben = LaufwerkDienst(app(), *laufwerke_).info();
+    if (angaben.empty()) return;
+    auto* dlg = new DvdInfoDlg(fenster(), app(), angaben);
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    dlg->open();
 }
 
 void LaufwerkSteuerung::erkennen() {
-    nochNichtVerfuegbar("Erkennen");
+    const DiscFund fund = LaufwerkDienst(app(), *laufwerke_).erkenne();
+    if (fund.dvdId <= 0) return;
+    if (!baum().zeige(2, fund.dvdId)) {
+        hinweis("Die DVD \"" + app().dienste().katalog().name(2, fund.dvdId) +
+                "\" liegt in keiner Box.");
+        return;
+    }
+    baum().baum()->setFocus();
 }
 
 void LaufwerkSteuerung::ausfahren() {
-    nochNichtVerfuegbar("Ausfahren");
+    if (LaufwerkDienst(app(), *laufwerke_).schublade(true))
+        status(QStringLiteral("Die Schublade wurde geöffnet."));
 }
 
 void LaufwerkSteuerung::einfahren() {
-    nochNichtVerfuegbar("Einfahren");
+    if (LaufwerkDienst(app(), *laufwerke_).schublade(false))
+        status(QStringLiteral("Die Schublade wurde geschlossen."));
+}
+
+void LaufwerkSteuerung::laufwerk() {
+    LaufwerkDienst(app(), *laufwerke_).waehleLaufwerk();
 }
 
 void EinstellungenSteuerung::verbinde(Aktionen& a) {
     using S = EinstellungenSteuerung;
-    a.verbinde(kCmdLaufwerk, this, &S::laufwerk);
     a.verbinde(kCmdOptionen, this, &S::optionen);
     a.verbinde(kCmdImportUrl, this, &S::importUrl);
     a.verbinde(kCmdHintergrund, this, &S::hintergrund);
-}
-
-void EinstellungenSteuerung::laufwerk() {
-    nochNichtVerfuegbar("Dvd-Laufwerk");
 }
 
 void EinstellungenSteuerung::optionen() {

@@ -1,11 +1,16 @@
 #pragma once
 // The smaller menu areas, one controller each: "Daten&bank" (validation),
-// "D&VD" (disc information, recognition, tray), "&Einstellungen" (drive, options,
-// import address, background picture) and "&Hilfe" with the day's "&Memoriam".
+// "D&VD" (disc information, recognition, tray, and the drive choice of
+// "&Einstellungen"), "&Einstellungen" (options, import address, background
+// picture) and "&Hilfe" with the day's "&Memoriam".
 
 #include "ui/steuerung/Steuerung.h"
 
 class QTimer;
+
+namespace dv {
+class Laufwerke;
+}
 
 namespace dv::ui {
 
@@ -22,14 +27,21 @@ class DatenbankSteuerung : public Steuerung {
 class LaufwerkSteuerung : public Steuerung {
     Q_OBJECT
   public:
-    explicit LaufwerkSteuerung(Fensterteile& teile) : Steuerung(teile) {}
+    // Works on the machine's drives until setzeLaufwerke() names others.
+    explicit LaufwerkSteuerung(Fensterteile& teile);
     void verbinde(Aktionen& aktionen) override;
+    // l must outlive the controller (tests put disc images in the place of drives).
+    void setzeLaufwerke(Laufwerke& l) { laufwerke_ = &l; }
 
   public slots:
     void info();
     void erkennen();
     void ausfahren();
     void einfahren();
+    void laufwerk();
+
+  private:
+    Laufwerke* laufwerke_;
 };
 
 class EinstellungenSteuerung : public Steuerung {
@@ -39,7 +51,6 @@ class EinstellungenSteuerung : public Steuerung {
     void verbinde(Aktionen& aktionen) override;
 
   public slots:
-    void laufwerk();
     void optionen();
     void importUrl();
     void hintergrund();
