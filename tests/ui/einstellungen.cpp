@@ -1,11 +1,13 @@
 // The window's settings and background work: the day of remembrance item by the
-// (fixed) clock, the options dialog and the import address round trip, the
-// validation reading the tree anew, and the data folder watcher telling another
-// writer's changes from the window's own.
+// (fixed) clock, the options dialog, the import address and the overview's
+// background picture round trip, the validation reading the tree anew, and the data folder watcher
+// telling another writer's changes from the window's own.
 #include <QCheckBox>
+#include <QFileDialog>
 #include <QSpinBox>
 #include <QtTest>
 
+#include "app/Hintergrund.h"
 #include "tests/support/FesteUhr.h"
 #include "tests/ui/support/Fenster.h"
 #include "ui/aktionen/Aktionen.h"
@@ -89,6 +91,20 @@ void EinstellungenTest::optionenUndImportUrl() {
     std::string url;
     QVERIFY(f.einstellungen.getImportUrl(url));
     QCOMPARE(url, std::string("https://server.example/dorvano/"));
+
+    // The overview's background: a file that cannot be read is refused, a picture kept.
+    const std::string bild = f.tmp / "Sterne.png";
+    test::schreibeDatei(bild, "PNG");
+    for (const std::string& pfad : {f.tmp / "fehlt.png", bild}) {
+        QVERIFY(f.loese(kCmdHintergrund));
+        auto* wahl = f.fenster().findChild<QFileDialog*>(QStringLiteral("Hintergrundbild"));
+        QVERIFY(wahl && wahl->isVisible());
+        emit wahl->fileSelected(QString::fromStdString(pfad));
+        wahl->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    QVERIFY(f.letzteMeldung().find("fehlt.png) ist nicht lesbar") != std::string::npos);
+    QCOMPARE(standardHintergrund(f.app), bild);
 }
 
 void EinstellungenTest::validierungUndFremdeSchreiber() {

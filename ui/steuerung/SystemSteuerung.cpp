@@ -1,11 +1,14 @@
 #include "ui/steuerung/SystemSteuerung.h"
 
 #include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QTimer>
 #include <QTreeView>
 
 #include "app/CApplikation.h"
 #include "app/Gedenken.h"
+#include "app/Hintergrund.h"
 #include "app/LaufwerkDienst.h"
 #include "app/OptionenDienst.h"
 #include "app/Programminfo.h"
@@ -101,7 +104,20 @@ void EinstellungenSteuerung::importUrl() {
 }
 
 void EinstellungenSteuerung::hintergrund() {
-    nochNichtVerfuegbar("Hintergrundbild");
+    const QString bisher = QString::fromStdString(standardHintergrund(app()));
+    auto* wahl = new QFileDialog(fenster(), QStringLiteral("Hintergrundbild der Übersicht wählen"),
+                                 QFileInfo(bisher).absolutePath());
+    wahl->setObjectName(QStringLiteral("Hintergrundbild"));
+    wahl->setFileMode(QFileDialog::ExistingFile);
+    wahl->setNameFilters({QStringLiteral("Bilder (*.jpg *.jpeg *.png *.gif *.bmp *.svg)"),
+                          QStringLiteral("Alle Dateien (*)")});
+    if (!bisher.isEmpty()) wahl->selectFile(bisher);
+    wahl->setAttribute(Qt::WA_DeleteOnClose);
+    connect(wahl, &QFileDialog::fileSelected, this, [this](const QString& pfad) {
+        if (melde(setzeStandardHintergrund(app(), pfad.toStdString())))
+            status(QStringLiteral("Hintergrundbild der Übersicht: ") + QFileInfo(pfad).fileName());
+    });
+    wahl->open();
 }
 
 HilfeSteuerung::HilfeSteuerung(Fensterteile& teile) : Steuerung(teile), uhr_(new QTimer(this)) {
