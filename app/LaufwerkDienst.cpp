@@ -6,7 +6,7 @@ namespace dv {
 
 DiscQuelle LaufwerkDienst::quelle() {
     DiscQuelle q;
-    q.laufwerk = gespeichertesLaufwerk(app_.einstellungen());
+    q.laufwerk = standardLaufwerk();
     return q;
 }
 
@@ -44,6 +44,20 @@ bool LaufwerkDienst::waehleLaufwerk() {
 
 bool LaufwerkDienst::schublade(bool oeffnen) {
     return bewegeSchublade(app_.benutzer(), laufwerke_, quelle().laufwerk, oeffnen);
+}
+
+char LaufwerkDienst::standardLaufwerk() {
+    return gespeichertesLaufwerk(app_.einstellungen());
+}
+
+DiscFund LaufwerkDienst::finde(const DiscInfo& info) {
+    return findeDvdZu(app_.db(), info);
+}
+
+bool LaufwerkDienst::leseStill(Laufwerke& laufwerke, char buchstabe, DiscInfo& info) {
+    DiscQuelle q;
+    q.laufwerk = buchstabe;
+    return leseDiscInfo(laufwerke, q, info) == kDiscOk;
 }
 
 }  // namespace dv

@@ -36,6 +36,14 @@ class LaufwerkDienst {
     // is chosen).
     bool schublade(bool oeffnen);
 
+    // For noticing a disc by itself: the default drive's letter (0: none chosen),
+    // and the catalogue DVD of a disc already read, telling the user nothing.
+    char standardLaufwerk();
+    DiscFund finde(const DiscInfo& info);
+    // Reads the disc in the drive with that letter without a word to the user.
+    // Touches nothing but the drive, so a worker thread may call it.
+    static bool leseStill(Laufwerke& laufwerke, char buchstabe, DiscInfo& info);
+
   private:
     DiscQuelle quelle();
 

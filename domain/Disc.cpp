@@ -168,15 +168,19 @@ DiscFund findeDisc(Datenbank& db, Benutzer& benutzer, Laufwerke& laufwerke,
                          Symbol::Information);
         return {};
     }
+    const DiscFund fund = findeDvdZu(db, info);
+    if (fund.dvdId <= 0)
+        benutzer.meldung("Hinweis", "Diese DVD ist noch unbekannt.", Symbol::Information);
+    return fund;
+}
+
+DiscFund findeDvdZu(Datenbank& db, const DiscInfo& info) {
     tab::DVD::Zeile beispiel{};
     beispiel.SN = info.SN;
     beispiel.BytesLow = info.BytesLow;
     beispiel.BytesHigh = info.BytesHigh;
     auto dvds = db.katalog().DVD.liste(beispiel);
-    if (!dvds) {
-        benutzer.meldung("Hinweis", "Diese DVD ist noch unbekannt.", Symbol::Information);
-        return {};
-    }
+    if (!dvds) return {};
     DiscFund fund;
     fund.dvdId = tab::DVD::zeile(dvds.get()).Id;
     tab::DVD_Box::Zeile link{};

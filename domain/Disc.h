@@ -89,6 +89,8 @@ struct DiscFund {
 };
 DiscFund findeDisc(Datenbank& db, Benutzer& benutzer, Laufwerke& laufwerke,
                    const DiscQuelle& quelle);
+// The same for a disc already read, telling the user nothing.
+DiscFund findeDvdZu(Datenbank& db, const DiscInfo& info);
 
 // Marks in flags (index 0 = "A") the letters of the optical drives; returns their number.
 int zaehleLaufwerke(Laufwerke& laufwerke, std::array<int, 26>& flags);

@@ -1,6 +1,7 @@
 // The "D&VD" menu and the drive choice on disc images standing in for drives:
 // no drive chosen, one drive taken at once, two offered for choice, the disc's
-// facts in "DVD-Info", an unknown and a known disc recognised, the tray.
+// facts in "DVD-Info", an unknown and a known disc recognised on request and by
+// the window itself when put in, the tray.
 #include <QLabel>
 #include <QStatusBar>
 #include <QtTest>
@@ -11,6 +12,7 @@
 #include "ui/aktionen/Aktionen.h"
 #include "ui/baum/KatalogAnsicht.h"
 #include "ui/dialoge/haupt/DvdInfoDlg.h"
+#include "ui/steuerung/DiscWaechter.h"
 #include "ui/steuerung/SystemSteuerung.h"
 
 using namespace dv;
@@ -54,7 +56,9 @@ void LaufwerkTest::laufwerkWaehlenUndDiscLesen() {
     if (!test::abbildWerkzeugeDa()) QSKIP("genisoimage oder udfinfo fehlt");
     test::Fenster f;
     AbbildLaufwerke lw;
-    f.fenster().findChild<LaufwerkSteuerung*>()->setzeLaufwerke(lw);
+    auto* steuerung = f.fenster().findChild<LaufwerkSteuerung*>();
+    steuerung->setzeLaufwerke(lw);
+    steuerung->waechter().setzeTakt(0);
     const std::string abbild =
         test::baueAbbild(f.tmp.pfad(),
                          {{"VIDEO_TS/VIDEO_TS.IFO", test::ifoDatei(0xFB)},
@@ -104,17 +108,25 @@ void LaufwerkTest::discErkennenUndSchublade() {
     if (!test::abbildWerkzeugeDa()) QSKIP("genisoimage oder udfinfo fehlt");
     test::Fenster f;
     AbbildLaufwerke lw;
-    f.fenster().findChild<LaufwerkSteuerung*>()->setzeLaufwerke(lw);
+    auto* steuerung = f.fenster().findChild<LaufwerkSteuerung*>();
+    steuerung->setzeLaufwerke(lw);
+    DiscWaechter& waechter = steuerung->waechter();
+    waechter.setzeTakt(0);
+    QStatusBar* zeile = f.fenster().statusBar();
     const std::string abbild = test::baueAbbild(
         f.tmp.pfad(), {{"VIDEO_TS/VTS_01_1.VOB", std::string(5000, 'v')}}, "ZORRO");
     QVERIFY(!abbild.empty());
     lw.laufwerke = {{'D', abbild, ""}};
     QVERIFY(f.einstellungen.setText("DvdRom", "D"));
-    f.neueBox("Alien", "4010");
+    const NeueBox alien = f.neueBox("Alien", "4010");
     const NeueBox zorro = f.neueBox("Zorro", "4011");
 
     QVERIFY(f.loese(kCmdErkennen));
     QCOMPARE(f.letzteMeldung(), std::string("Diese DVD ist noch unbekannt."));
+    // Noticed by itself: no question, a pointer to the web import.
+    const std::size_t meldungen = f.benutzer.meldungen.size();
+    waechter.pruefeJetzt();
+    QVERIFY(zeile->currentMessage().startsWith(QStringLiteral("Unbekannte DVD „ZORRO“")));
 
     // The disc's identity stored on a DVD of the second box: that DVD is selected.
     auto dvd = f.app.dienste().objekte().ladeDvd(zorro.dvd);
@@ -122,17 +134,27 @@ void LaufwerkTest::discErkennenUndSchublade() {
         std::stoul(test::udfinfo(abbild).at("winserialnum"), nullptr, 16));
     dvd->bytesLow = 5000;
     QVERIFY(f.app.dienste().objekte().speichereDvd(dvd.wert()).ok());
-    const std::size_t meldungen = f.benutzer.meldungen.size();
     QVERIFY(f.loese(kCmdErkennen));
     QCOMPARE(f.benutzer.meldungen.size(), meldungen);
     QCOMPARE(f.fenster().katalog().auswahl().dvd, zorro.dvd);
+
+    // The disc still in is not looked at again; taken out and put back it is.
+    QVERIFY(f.waehle(1, alien.box));
+    waechter.pruefeJetzt();
+    QCOMPARE(f.fenster().katalog().auswahl().box, alien.box);
+    lw.laufwerke.clear();
+    waechter.pruefeJetzt();
+    lw.laufwerke = {{'D', abbild, ""}};
+    waechter.pruefeJetzt();
+    QCOMPARE(f.fenster().katalog().auswahl().dvd, zorro.dvd);
+    QVERIFY(zeile->currentMessage().startsWith(QStringLiteral("Eingelegte DVD erkannt: ")));
+    QCOMPARE(f.benutzer.meldungen.size(), meldungen);
 
     QVERIFY(f.loese(kCmdAusfahren));
     QVERIFY(f.loese(kCmdEinfahren));
     QCOMPARE(lw.schubladen,
              (std::vector<std::pair<std::string, bool>>{{abbild, true}, {abbild, false}}));
-    QCOMPARE(f.fenster().statusBar()->currentMessage(),
-             QStringLiteral("Die Schublade wurde geschlossen."));
+    QCOMPARE(zeile->currentMessage(), QStringLiteral("Die Schublade wurde geschlossen."));
 }
 
 QTEST_MAIN(LaufwerkTest)

@@ -18,6 +18,7 @@
 #include "ui/dialoge/haupt/EingabeDlg.h"
 #include "ui/dialoge/haupt/InfoDlg.h"
 #include "ui/dialoge/haupt/OptionenDlg.h"
+#include "ui/steuerung/DiscWaechter.h"
 
 namespace dv::ui {
 
@@ -30,7 +31,16 @@ void DatenbankSteuerung::validieren() {
 }
 
 LaufwerkSteuerung::LaufwerkSteuerung(Fensterteile& teile)
-    : Steuerung(teile), laufwerke_(&systemLaufwerke()) {}
+    : Steuerung(teile),
+      laufwerke_(&systemLaufwerke()),
+      waechter_(new DiscWaechter(teile.app, teile.baum, this)) {
+    connect(waechter_, &DiscWaechter::gemeldet, this, [this](const QString& t) { status(t); });
+}
+
+void LaufwerkSteuerung::setzeLaufwerke(Laufwerke& l) {
+    laufwerke_ = &l;
+    waechter_->setzeLaufwerke(l);
+}
 
 void LaufwerkSteuerung::verbinde(Aktionen& a) {
     using S = LaufwerkSteuerung;

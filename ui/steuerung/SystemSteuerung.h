@@ -14,6 +14,8 @@ class Laufwerke;
 
 namespace dv::ui {
 
+class DiscWaechter;
+
 class DatenbankSteuerung : public Steuerung {
     Q_OBJECT
   public:
@@ -27,11 +29,13 @@ class DatenbankSteuerung : public Steuerung {
 class LaufwerkSteuerung : public Steuerung {
     Q_OBJECT
   public:
-    // Works on the machine's drives until setzeLaufwerke() names others.
+    // Works on the machine's drives until setzeLaufwerke() names others; starts
+    // looking for inserted discs.
     explicit LaufwerkSteuerung(Fensterteile& teile);
     void verbinde(Aktionen& aktionen) override;
     // l must outlive the controller (tests put disc images in the place of drives).
-    void setzeLaufwerke(Laufwerke& l) { laufwerke_ = &l; }
+    void setzeLaufwerke(Laufwerke& l);
+    DiscWaechter& waechter() const { return *waechter_; }
 
   public slots:
     void info();
@@ -42,6 +46,7 @@ class LaufwerkSteuerung : public Steuerung {
 
   private:
     Laufwerke* laufwerke_;
+    DiscWaechter* waechter_;
 };
 
 class EinstellungenSteuerung : public Steuerung {
