@@ -255,6 +255,17 @@ bool verlegeAlles(Katalog& k, int typ, long bleibt, long weg, Abbau& abbau) {
     }
 }
 
+// A merge or delete moves links in several tables: one operation, kept whole or
+// not at all, also when it runs outside a service's write.
+template <class F>
+bool alsEinVorgang(Datenbank& db, F&& tu) {
+    auto v = db.vorgang();
+    if (!v.offen()) return false;
+    const bool ok = tu();
+    if (!ok) v.verwerfen();
+    return v.abschliessen() && ok;
+}
+
 }  // namespace
 
 int filterTypVon(int lookupTyp) {
@@ -313,31 +324,34 @@ long zaehlePersonenVerweise(Datenbank& db, long weg) {
 bool fuehreZusammen(Datenbank& db, int typ, long bleibt, long weg) {
     Tabelle1* t = db.lookupTabelle(typ);
     if (!t || bleibt <= 0 || weg <= 0 || bleibt == weg) return false;
-    Katalog& k = db.katalog();
-    Abbau abbau;
-    if (!verlegeAlles(k, typ, bleibt, weg, abbau) ||
-        !verlegeFilter(k, filterTypVon(typ), bleibt, weg, abbau) || !abbau.fuehreAus())
-        return false;
-    return t->remove(weg, true);
+    return alsEinVorgang(db, [&] {
+        Katalog& k = db.katalog();
+        Abbau abbau;
+        return verlegeAlles(k, typ, bleibt, weg, abbau) &&
+               verlegeFilter(k, filterTypVon(typ), bleibt, weg, abbau) && abbau.fuehreAus() &&
+               t->remove(weg, true);
+    });
 }
 
 bool fuehrePersonenZusammen(Datenbank& db, long bleibt, long weg) {
     Katalog& k = db.katalog();
     if (bleibt <= 0 || weg <= 0 || bleibt == weg) return false;
-    Abbau abbau;
-    if (!verlegePersonen(k, &Zeile3::Person_Id, bleibt, weg, abbau) || !abbau.fuehreAus())
-        return false;
-    return k.Person.remove(weg, true);
+    return alsEinVorgang(db, [&] {
+        Abbau abbau;
+        return verlegePersonen(k, &Zeile3::Person_Id, bleibt, weg, abbau) && abbau.fuehreAus() &&
+               k.Person.remove(weg, true);
+    });
 }
 
 bool loescheLookup(Datenbank& db, int typ, long id) {
     Tabelle1* t = db.lookupTabelle(typ);
     if (!t || id <= 0) return false;
-    Abbau abbau;
-    // Moving onto the entry itself only drops its translations.
-    if (!verlegeFilter(db.katalog(), filterTypVon(typ), id, id, abbau) || !abbau.fuehreAus())
-        return false;
-    return t->remove(id, true);
+    return alsEinVorgang(db, [&] {
+        Abbau abbau;
+        // Moving onto the entry itself only drops its translations.
+        return verlegeFilter(db.katalog(), filterTypVon(typ), id, id, abbau) && abbau.fuehreAus() &&
+               t->remove(id, true);
+    });
 }
 
 }  // namespace dv
