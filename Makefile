@@ -6,7 +6,7 @@ BUILD_TYPE  ?= RelWithDebInfo
 CMAKE_FLAGS ?=
 JOBS        ?= $(shell nproc)
 
-.PHONY: all deps configure build run test bench sanitize format clean install package demo
+.PHONY: all deps configure build run test bench sanitize fuzz format clean install package demo
 
 all: build
 
@@ -52,9 +52,20 @@ bench: configure
 sanitize:
 	$(MAKE) test BUILD_DIR=build-asan BUILD_TYPE=Debug CMAKE_FLAGS="-DDORVANO_SANITIZE=ON -DDORVANO_BENCH=OFF"
 
+# Every reader of outside bytes under libFuzzer (clang, ASan, UBSan), each target
+# for FUZZ_ZEIT seconds on seed files the program writes itself. Only the
+# libraries the targets need are built.
+FUZZ_DIR   ?= build-fuzz
+FUZZ_ZEIT  ?= 60
+fuzz: deps
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+		-DDORVANO_FUZZ=ON -DDORVANO_TESTS=OFF -DDORVANO_BENCH=OFF
+	cmake --build $(FUZZ_DIR) -j $(JOBS) --target fuzz_alle
+	./scripts/fuzz $(FUZZ_DIR) $(FUZZ_ZEIT)
+
 # Formats every C++ file with the committed .clang-format (CI fails on a difference).
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD_DIR) build-asan
+	rm -rf $(BUILD_DIR) build-asan $(FUZZ_DIR)
