@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
@@ -103,21 +104,33 @@ void ergaenze(const std::string& basis) {
     schreibeSql(o.db->katalog(), basis + "sammlung.sql");
 }
 
-// The prepared folder, made on first use (in a folder of its own, renamed when complete).
+// The size factor of the prepared collection: DORVANO_MASS=2 doubles every size
+// (40,000 boxes), for the scaling runs of bench/retrieval.sh; default 1.
+long massstab() {
+    const char* m = std::getenv("DORVANO_MASS");
+    const long f = m ? std::atol(m) : 1;
+    return f >= 1 && f <= 20 ? f : 1;
+}
+
+// The prepared folder, made on first use (in a folder of its own, renamed when
+// complete); of a larger factor f, "/tmp/dorvano-retrieval-v2-x<f>/".
 const std::string& vorbereitet() {
     static const std::string basis = [] {
         namespace fs = std::filesystem;
-        if (fs::exists(std::string(kOrdner) + "fertig")) return std::string(kOrdner);
-        const std::string quelle = generator::gecachteSammlung(generator::Groessen());
+        const long f = massstab();
+        std::string ordner = kOrdner;
+        if (f > 1) ordner = ordner.substr(0, ordner.size() - 1) + "-x" + std::to_string(f) + "/";
+        if (fs::exists(ordner + "fertig")) return ordner;
+        const std::string quelle = generator::gecachteSammlung(generator::Groessen().mal(f));
         if (quelle.empty()) std::abort();
-        const std::string neu = std::string(kOrdner).substr(0, std::strlen(kOrdner) - 1) + ".neu-" +
-                                std::to_string(static_cast<long>(::getpid())) + "/";
+        const std::string ohne = ordner.substr(0, ordner.size() - 1);
+        const std::string neu =
+            ohne + ".neu-" + std::to_string(static_cast<long>(::getpid())) + "/";
         fs::copy(quelle, neu, fs::copy_options::recursive);
         ergaenze(neu);
         schreibeAlles(echtesDateisystem(), neu + "fertig", "ok");
-        fs::rename(neu.substr(0, neu.size() - 1),
-                   std::string(kOrdner).substr(0, std::strlen(kOrdner) - 1));
-        return std::string(kOrdner);
+        fs::rename(neu.substr(0, neu.size() - 1), ohne);
+        return ordner;
     }();
     return basis;
 }

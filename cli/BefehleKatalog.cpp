@@ -1,22 +1,17 @@
 // The catalogue itself: liste, anzahl, info, spieldauer, neu, loeschen, hoch,
-// runter, kopieren. Everything but liste goes through the services; liste still
-// reads the lower layers directly until its document is produced in app/.
+// runter, kopieren, each through the services.
 #include <cstdio>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
+#include "app/KatalogJson.h"
 #include "base/Zeichensatz.h"
 #include "cli/Objektargumente.h"
 #include "domain/Beschreibung.h"
-#include "interchange/ExportQuelle.h"
 
 namespace dv::cli {
 
 namespace {
-
-// Keys in the order of the documented layout.
-using json = nlohmann::ordered_json;
 
 struct Args {
     std::string typ, id, ziel, titel, ean, verpackung, format;
@@ -43,117 +38,16 @@ void zeilen(Kontext& k, const std::string& text) {
 
 // ---- liste ------------------------------------------------------------------
 
-json namen(const ObjektElement* e) {
-    json a = json::array();
-    for (; e; e = e->pNext) a.push_back(u8(e->pObjekt1->zeile.cpText));
-    return a;
-}
-
-json tagsJson(ExportQuelle& q, int typ, long id) {
-    json a = json::array();
-    for (const std::string& t : q.tags(typ, id)) a.push_back(cp1252NachUtf8(t));
-    return a;
-}
-
-json filmJson(ExportQuelle& q, const FilmElement& f) {
-    const FilmTitel t = q.titel(f);
-    json sprachen = json::array();
-    for (const ObjektElement* s = f.pSprachen; s; s = s->pNext)
-        sprachen.push_back({{"sprache", u8(s->pObjekt1->zeile.cpText)},
-                            {"tonformat", u8(s->pObjekt2->zeile.cpText)}});
-    json funktionen = json::array();
-    for (const FktElement* x = f.pFunktionen; x; x = x->pNext) funktionen.push_back(u8(x->cpText));
-    json personen = json::array();
-    for (const PersonenElement* p = f.pPersonen; p; p = p->pNext) {
-        json alias = json::array();
-        for (const ListenElement* a = p->pAlias; a; a = a->pNext)
-            alias.push_back(u8(static_cast<const Zeile1*>(a->pObjekt)->cpText));
-        personen.push_back({{"name", u8(p->pPerson->zeile.cpName)},
-                            {"vorname", u8(p->pPerson->zeile.cpVorname)},
-                            {"instanz", p->pPerson->zeile.Instanz},
-                            {"funktion", cp1252NachUtf8(q.lookupName(kTypFunktion, p->lFunktion))},
-                            {"alias", alias}});
-    }
-    return {{"id", f.Id},
-            {"titel", u8(f.cpTitel)},
-            {"originaltitel", cp1252NachUtf8(t.original)},
-            {"alternativtitel", cp1252NachUtf8(t.weitere.empty() ? "" : t.weitere.front())},
-            {"fsk", f.FSK},
-            {"laenge", f.Laenge},
-            {"jahr", f.Jahr},
-            {"bildformate", namen(f.pBildformate)},
-            {"genres", namen(f.pGenres)},
-            {"untertitel", namen(f.pUntertitel)},
-            {"sprachen", sprachen},
-            {"funktionen", funktionen},
-            {"personen", personen},
-            {"inhalt", cp1252NachUtf8(q.inhalt(f.Id))},
-            {"kommentar", cp1252NachUtf8(q.kommentar(f.Id))},
-            {"tags", tagsJson(q, kObjektFilm, f.Id)}};
-}
-
-json dvdJson(ExportQuelle& q, const DvdElement& d) {
-    json filme = json::array();
-    for (const FilmElement* f = d.pFilme; f; f = f->pNext) filme.push_back(filmJson(q, *f));
-    return {{"id", d.Id},
-            {"titel", u8(d.cpText)},
-            {"jahr", d.Jahr},
-            {"rc", static_cast<unsigned char>(d.RC)},
-            {"opt", static_cast<unsigned char>(d.Opt)},
-            {"format", cp1252NachUtf8(q.lookupName(kTypFormat, d.Formate_Id))},
-            {"sn", d.SN},
-            {"bytesLow", d.BytesLow},
-            {"bytesHigh", d.BytesHigh},
-            {"laenge", d.Laenge},
-            {"extras", namen(d.pExtras)},
-            {"tags", tagsJson(q, kObjektDvd, d.Id)},
-            {"filme", filme}};
-}
-
-json boxJson(ExportQuelle& q, const BoxElement& b) {
-    json dvds = json::array();
-    for (const DvdElement* d = b.pDvds; d; d = d->pNext) dvds.push_back(dvdJson(q, *d));
-    std::string cover = q.cover(b.Id);
-    cover = cover.substr(cover.find_last_of('/') + 1);
-    return {{"id", b.Id},
-            {"ean", u8(b.cpEAN)},
-            {"titel", u8(b.cpText)},
-            {"verpackung", cp1252NachUtf8(q.lookupName(kTypVerpackung, b.Verpackungs_Id))},
-            {"extras", namen(b.pExtras)},
-            {"tags", tagsJson(q, kObjektBox, b.Id)},
-            {"cover", cover},
-            {"dvds", dvds}};
-}
-
 void liste(Register& reg) {
     std::shared_ptr<Args> a;
     CLI::App* c = unterbefehl(reg, reg.wurzel(), "liste", "Zeigt den ganzen Katalog", a);
     c->add_flag("--json", a->json, u8("Als JSON-Dokument (UTF-8)"));
     reg.handler(c, [a](Kontext& k) {
-        // The text form needs only the boxes, DVDs and films with their titles.
-        auto boxen = k.app.db().ladeSammlung(a->json ? kUmfangAlles : kUmfangFilme);
         if (a->json) {
-            ExportQuelle q(k.app.db(), k.app.ordner());
-            q.fuerSammlung();
-            // One box at a time: the document of a large collection is never
-            // held whole.
-            std::fputs("{\"boxen\":[", stdout);
-            for (const BoxElement* b = boxen.get(); b; b = b->pNext) {
-                const std::string text = boxJson(q, *b).dump();
-                if (b != boxen.get()) std::fputc(',', stdout);
-                std::fwrite(text.data(), 1, text.size(), stdout);
-            }
-            std::fputs("]}\n", stdout);
-            return kFertig;
+            if (schreibeKatalogJson(k.app, stdout)) return kFertig;
+            return k.fehler(kFehlschlag, "Die Ausgabe konnte nicht geschrieben werden.");
         }
-        for (const BoxElement* b = boxen.get(); b; b = b->pNext) {
-            k.zeile(formatiere("Box\t%ld\t%s\t%s", long{b->Id}, b->cpEAN, b->cpText));
-            for (const DvdElement* d = b->pDvds; d; d = d->pNext) {
-                k.zeile(formatiere("Dvd\t%ld\t%ld\t%s", long{d->Id}, long{b->Id}, d->cpText));
-                for (const FilmElement* f = d->pFilme; f; f = f->pNext)
-                    k.zeile(formatiere("Film\t%ld\t%ld\t%s", long{f->Id}, long{d->Id}, f->cpTitel));
-            }
-        }
+        katalogZeilen(k.app, [&k](const std::string& z) { k.zeile(z); });
         return kFertig;
     });
 }

@@ -8,7 +8,6 @@
 #include "base/Zeichensatz.h"
 #include "cli/Kontext.h"
 #include "platform/Dateisystem.h"
-#include "platform/Speicher.h"
 
 using namespace dv;
 using namespace dv::cli;
@@ -34,8 +33,6 @@ int nutzungsfehler(const CLI::ParseError& e) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A whole-collection read makes several hundred thousand small elements.
-    bereiteHeapVor(std::size_t{128} << 20);
     // Catalogue texts are 8-bit: an argument the code page cannot hold is refused.
     for (int i = 1; i < argc; ++i) {
         std::string text;

@@ -9,6 +9,7 @@
 
 #include "domain/Bausteine.h"
 #include "domain/Datenbank.h"
+#include "domain/Durchlauf.h"
 
 namespace dv {
 namespace {
@@ -181,6 +182,35 @@ class SammlungsLeser {
         for (DvdElement* d = b.pDvds; d; d = d->pNext) ladeDvd(*d);
     }
 
+    // Releases what ladeBox built below the box.
+    void gibFrei(BoxElement& b) {
+        db_.FreeObjektListe(b.pExtras);
+        b.pExtras = nullptr;
+        db_.FreeDvdListe(b.pDvds);
+        b.pDvds = nullptr;
+    }
+
+    // The distinct live DVDs (or films) that the boxes' lists hold.
+    long zaehle(const BoxElement* boxen, bool filme) const {
+        std::vector<char> gesehen;
+        long n = 0;
+        auto neu = [&](long id) {
+            if (static_cast<std::size_t>(id) >= gesehen.size()) gesehen.resize(id + 1, 0);
+            if (gesehen[id]) return;
+            gesehen[id] = 1;
+            ++n;
+        };
+        for (const BoxElement* b = boxen; b; b = b->pNext)
+            for (const Zeile7& d : dvdBox_.von(b->Id)) {
+                if (!dvds_.finde(d.DVD_Id)) continue;
+                if (!filme) neu(d.DVD_Id);
+                if (filme)
+                    for (const Zeile2& f : dvdFilm_.von(d.DVD_Id))
+                        if (filme_.finde(f.Objekt1_Id)) neu(f.Objekt1_Id);
+            }
+        return n;
+    }
+
   private:
     static std::int32_t erstes(const Zeile2& z) { return z.DVD_Id; }
 
@@ -262,13 +292,23 @@ class SammlungsLeser {
     NachBesitzer<Zeile4> titel_;
 };
 
-}  // namespace
-
-BoxListe Datenbank::ladeSammlung(unsigned umfang) {
-    // A list needs its owners.
+// A list needs its owners.
+unsigned mitBesitzern(unsigned umfang) {
     if (umfang & (kUmfangAlles & ~(kUmfangBoxExtras | kUmfangDvds | kUmfangDvdExtras)))
         umfang |= kUmfangFilme;
     if (umfang & (kUmfangFilme | kUmfangDvdExtras)) umfang |= kUmfangDvds;
+    return umfang;
+}
+
+long hoechsteId(const BoxElement* boxen) {
+    long h = 0;
+    for (; boxen; boxen = boxen->pNext) h = std::max<long>(h, boxen->Id);
+    return h;
+}
+
+}  // namespace
+
+BoxListe Datenbank::ladeSammlung(unsigned umfang) {
     BoxListe boxen = getBoxListe();
     if (!boxen) return boxen;
     // Boxes in id order: ids follow the order in which the collection was entered,
@@ -277,9 +317,49 @@ BoxListe Datenbank::ladeSammlung(unsigned umfang) {
     for (BoxElement* b = boxen.get(); b; b = b->pNext) nachId.push_back(b);
     std::sort(nachId.begin(), nachId.end(),
               [](const BoxElement* a, const BoxElement* b) { return a->Id < b->Id; });
-    SammlungsLeser leser(*this, umfang, nachId.back()->Id);
+    SammlungsLeser leser(*this, mitBesitzern(umfang), nachId.back()->Id);
     for (BoxElement* b : nachId) leser.ladeBox(*b);
     return boxen;
+}
+
+struct Sammlungsdurchlauf::Leser : SammlungsLeser {
+    using SammlungsLeser::SammlungsLeser;
+};
+
+Sammlungsdurchlauf::Sammlungsdurchlauf(Datenbank& db, unsigned umfang)
+    : db_(db), boxen_(db.getBoxListe()) {
+    if (boxen_)
+        leser_ = std::make_unique<Leser>(db, mitBesitzern(umfang), hoechsteId(boxen_.get()));
+}
+
+Sammlungsdurchlauf::~Sammlungsdurchlauf() {
+    if (aktuell_) leser_->gibFrei(*aktuell_);
+}
+
+BoxElement* Sammlungsdurchlauf::naechste() {
+    if (aktuell_) {
+        leser_->gibFrei(*aktuell_);
+        aktuell_ = aktuell_->pNext;
+    } else if (!begonnen_) {
+        aktuell_ = boxen_.get();
+    }
+    begonnen_ = true;
+    if (aktuell_) leser_->ladeBox(*aktuell_);
+    return aktuell_;
+}
+
+long Sammlungsdurchlauf::boxen() const {
+    long n = 0;
+    for (const BoxElement* b = boxen_.get(); b; b = b->pNext) ++n;
+    return n;
+}
+
+long Sammlungsdurchlauf::dvds() const {
+    return leser_ ? leser_->zaehle(boxen_.get(), false) : 0;
+}
+
+long Sammlungsdurchlauf::filme() const {
+    return leser_ ? leser_->zaehle(boxen_.get(), true) : 0;
 }
 
 }  // namespace dv

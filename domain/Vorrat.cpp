@@ -30,16 +30,27 @@ BlockVorrat::BlockVorrat(std::size_t groesse) {
 }
 
 BlockVorrat::~BlockVorrat() {
-    gibPlattenFrei();
+    gibPlattenFrei(0);
 }
 
-void BlockVorrat::gibPlattenFrei() noexcept {
-    for (void* platte : platten_) {
-        DV_OFFEN(platte, proPlatte_ * groesse_);
-        std::free(platte);
+void BlockVorrat::gibPlattenFrei(std::size_t behalte) noexcept {
+    while (platten_.size() > behalte) {
+        DV_OFFEN(platten_.back(), proPlatte_ * groesse_);
+        std::free(platten_.back());
+        platten_.pop_back();
     }
-    platten_.clear();
     frei_ = nullptr;
+    for (void* platte : platten_) legeFrei(static_cast<unsigned char*>(platte));
+}
+
+void BlockVorrat::legeFrei(unsigned char* platte) noexcept {
+    DV_OFFEN(platte, proPlatte_ * groesse_);
+    for (std::size_t i = proPlatte_; i-- > 0;) {
+        auto* f = reinterpret_cast<Frei*>(platte + i * groesse_);
+        f->naechster = frei_;
+        frei_ = f;
+    }
+    DV_GESPERRT(platte, proPlatte_ * groesse_);
 }
 
 bool BlockVorrat::neuePlatte() noexcept {
@@ -51,12 +62,7 @@ bool BlockVorrat::neuePlatte() noexcept {
     auto* platte = static_cast<unsigned char*>(std::malloc(proPlatte_ * groesse_));
     if (!platte) return false;
     platten_.push_back(platte);
-    for (std::size_t i = proPlatte_; i-- > 0;) {
-        auto* f = reinterpret_cast<Frei*>(platte + i * groesse_);
-        f->naechster = frei_;
-        frei_ = f;
-    }
-    DV_GESPERRT(platte, proPlatte_ * groesse_);
+    legeFrei(platte);
     return true;
 }
 
@@ -76,8 +82,10 @@ void BlockVorrat::gib(void* p) noexcept {
     frei_ = f;
     DV_GESPERRT(f, groesse_);
     if (--belegt_ > 0) return;
-    // Everything is back: the slabs go back to the system.
-    gibPlattenFrei();
+    // Everything is back: the slabs go back to the system but one, so that a
+    // walk that builds and releases one box at a time does not fetch a fresh
+    // slab for every box.
+    gibPlattenFrei(1);
 }
 
 }  // namespace dv

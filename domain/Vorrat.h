@@ -3,7 +3,7 @@
 // A whole-collection read makes and releases about a million such copies; taking
 // them from large slabs and keeping released blocks on a free list costs a
 // fraction of the C allocator's work per block. When the last block of a store
-// comes back, its slabs go back to the system. Not thread-safe, like the whole
+// comes back, its slabs but one go back to the system. Not thread-safe, like the whole
 // catalogue domain.
 
 #include <cstddef>
@@ -32,7 +32,10 @@ class BlockVorrat {
         Frei* naechster;
     };
     bool neuePlatte() noexcept;
-    void gibPlattenFrei() noexcept;
+    // Puts every block of the slab on the free list.
+    void legeFrei(unsigned char* platte) noexcept;
+    // Frees the slabs beyond the first `behalte`; the kept ones become wholly free.
+    void gibPlattenFrei(std::size_t behalte) noexcept;
 
     std::size_t groesse_;
     std::size_t proPlatte_;

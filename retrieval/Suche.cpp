@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "domain/Durchlauf.h"
 #include "retrieval/Auswertung.h"
 
 namespace dv {
@@ -28,37 +29,36 @@ class Gesehen {
     std::vector<char> flags_;
 };
 
-// Where the walk meets an object: its box, and its DVD and film where they apply.
-struct Ort {
-    const BoxElement* box;
-    const DvdElement* dvd;
-    const FilmElement* film;
-    const void* objekt() const {
-        return film  ? static_cast<const void*>(film)
-               : dvd ? static_cast<const void*>(dvd)
-                     : static_cast<const void*>(box);
-    }
-};
+// A copy of an element without its lists and neighbours: what a hit keeps of
+// the object once the walk has released the object's box.
+template <class E>
+E kopfVon(const E& e) {
+    E k = e;
+    k.pPrev = nullptr;
+    k.pNext = nullptr;
+    return k;
+}
 
-// Every object of the kind once, in catalogue order.
-std::vector<Ort> orte(const BoxElement* boxen, int typ) {
-    std::vector<Ort> o;
-    Gesehen dvds, filme;
-    for (const BoxElement* b = boxen; b; b = b->pNext) {
-        if (typ == kObjektBox) {
-            o.push_back({b, nullptr, nullptr});
-            continue;
-        }
-        for (const DvdElement* d = b->pDvds; d; d = d->pNext) {
-            if (typ == kObjektDvd) {
-                if (dvds.neu(d->Id)) o.push_back({b, d, nullptr});
-                continue;
-            }
-            for (const FilmElement* f = d->pFilme; f; f = f->pNext)
-                if (filme.neu(f->Id)) o.push_back({b, d, f});
-        }
-    }
-    return o;
+FilmElement ohneListen(const FilmElement& f) {
+    FilmElement k = kopfVon(f);
+    k.pGenres = k.pBildformate = k.pUntertitel = k.pSprachen = nullptr;
+    k.pPersonen = nullptr;
+    k.pFunktionen = nullptr;
+    return k;
+}
+
+DvdElement ohneListen(const DvdElement& d) {
+    DvdElement k = kopfVon(d);
+    k.pFilme = nullptr;
+    k.pExtras = nullptr;
+    return k;
+}
+
+BoxElement ohneListen(const BoxElement& b) {
+    BoxElement k = kopfVon(b);
+    k.pDvds = nullptr;
+    k.pExtras = nullptr;
+    return k;
 }
 
 }  // namespace
@@ -79,21 +79,25 @@ Suchergebnis::~Suchergebnis() {
 
 Suchergebnis::Suchergebnis(Suchergebnis&& o) noexcept
     : objektTyp_(o.objektTyp_),
-      sammlung_(std::move(o.sammlung_)),
       kopf_(std::exchange(o.kopf_, nullptr)),
       letzter_(std::exchange(o.letzter_, nullptr)),
       anzahl_(std::exchange(o.anzahl_, 0)),
-      fundorte_(std::move(o.fundorte_)) {}
+      fundorte_(std::move(o.fundorte_)),
+      boxen_(std::move(o.boxen_)),
+      dvds_(std::move(o.dvds_)),
+      filme_(std::move(o.filme_)) {}
 
 Suchergebnis& Suchergebnis::operator=(Suchergebnis&& o) noexcept {
     if (this != &o) {
         leere();
         objektTyp_ = o.objektTyp_;
-        sammlung_ = std::move(o.sammlung_);
         kopf_ = std::exchange(o.kopf_, nullptr);
         letzter_ = std::exchange(o.letzter_, nullptr);
         anzahl_ = std::exchange(o.anzahl_, 0);
         fundorte_ = std::move(o.fundorte_);
+        boxen_ = std::move(o.boxen_);
+        dvds_ = std::move(o.dvds_);
+        filme_ = std::move(o.filme_);
     }
     return *this;
 }
@@ -108,17 +112,9 @@ void Suchergebnis::leere() {
     letzter_ = nullptr;
     anzahl_ = 0;
     fundorte_.clear();
-    sammlung_.reset();
-}
-
-void Suchergebnis::haengeAn(SearchHit* h, const void* objekt) {
-    fundorte_.push_back(objekt);
-    if (letzter_)
-        letzter_->next = h;
-    else
-        kopf_ = h;
-    letzter_ = h;
-    ++anzahl_;
+    boxen_.clear();
+    dvds_.clear();
+    filme_.clear();
 }
 
 std::string Suchergebnis::statusZeile() const {
@@ -128,6 +124,37 @@ std::string Suchergebnis::statusZeile() const {
     return std::string(art) + ": " + std::to_string(anzahl_) + " Treffer";
 }
 
+// Records a hit on the object met at box b, DVD d, film f.
+void Suchergebnis::nimmAuf(const BoxElement& b, const DvdElement* d, const FilmElement* f,
+                           const std::string& grund) {
+    auto* h = new (std::nothrow) SearchHit;
+    if (!h) return;  // the hit is dropped
+    h->objectType = objektTyp_;
+    h->boxId = b.Id;
+    h->dvdId = d ? d->Id : 0;
+    h->filmId = f ? f->Id : 0;
+    h->reason = grund;
+    const void* objekt = nullptr;
+    try {
+        if (f)
+            objekt = &filme_.emplace_back(ohneListen(*f));
+        else if (d)
+            objekt = &dvds_.emplace_back(ohneListen(*d));
+        else
+            objekt = &boxen_.emplace_back(ohneListen(b));
+        fundorte_.push_back(objekt);
+    } catch (const std::bad_alloc&) {
+        delete h;
+        return;
+    }
+    if (letzter_)
+        letzter_->next = h;
+    else
+        kopf_ = h;
+    letzter_ = h;
+    ++anzahl_;
+}
+
 Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOptionen& optionen) {
     Suchergebnis e;
     if (kriterien.leer()) return e;
@@ -135,26 +162,42 @@ Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOpt
     const int typ = auswerter.objektTyp();
     e.objektTyp_ = typ;
     if (typ < kObjektBox || typ > kObjektFilm) return e;
-    e.sammlung_ = db.ladeSammlung(auswerter.umfang());
-
-    const std::vector<Ort> alle = orte(e.sammlung_.get(), typ);
-    const int gesamt = static_cast<int>(alle.size());
+    // Box by box: each object is judged while its box's lists exist, so memory
+    // holds one box's lists, not the collection's.
+    Sammlungsdurchlauf lauf(db, auswerter.umfang());
+    const long gesamt = !optionen.fortschritt ? 0
+                        : typ == kObjektBox   ? lauf.boxen()
+                        : typ == kObjektDvd   ? lauf.dvds()
+                                              : lauf.filme();
+    long schritt = 0;
+    auto weiter = [&] {
+        if (optionen.fortschritt)
+            optionen.fortschritt(static_cast<int>(++schritt), static_cast<int>(gesamt));
+    };
+    Gesehen dvds, filme;
     std::string grund;
-    for (std::size_t i = 0; i < alle.size(); ++i) {
-        const Ort& o = alle[i];
-        const bool treffer = typ == kObjektBox   ? auswerter.box(*o.box, grund)
-                             : typ == kObjektDvd ? auswerter.dvd(*o.dvd, grund)
-                                                 : auswerter.film(*o.film, grund);
-        if (optionen.fortschritt) optionen.fortschritt(static_cast<int>(i) + 1, gesamt);
-        if (!treffer) continue;
-        auto* h = new (std::nothrow) SearchHit;
-        if (!h) continue;  // the hit is dropped
-        h->objectType = typ;
-        h->boxId = o.box->Id;
-        h->dvdId = o.dvd ? o.dvd->Id : 0;
-        h->filmId = o.film ? o.film->Id : 0;
-        h->reason = grund;
-        e.haengeAn(h, o.objekt());
+    while (const BoxElement* b = lauf.naechste()) {
+        if (typ == kObjektBox) {
+            const bool treffer = auswerter.box(*b, grund);
+            weiter();
+            if (treffer) e.nimmAuf(*b, nullptr, nullptr, grund);
+            continue;
+        }
+        for (const DvdElement* d = b->pDvds; d; d = d->pNext) {
+            if (typ == kObjektDvd) {
+                if (!dvds.neu(d->Id)) continue;
+                const bool treffer = auswerter.dvd(*d, grund);
+                weiter();
+                if (treffer) e.nimmAuf(*b, d, nullptr, grund);
+                continue;
+            }
+            for (const FilmElement* f = d->pFilme; f; f = f->pNext) {
+                if (!filme.neu(f->Id)) continue;
+                const bool treffer = auswerter.film(*f, grund);
+                weiter();
+                if (treffer) e.nimmAuf(*b, d, f, grund);
+            }
+        }
     }
     return e;
 }
@@ -173,24 +216,12 @@ long idVon(const void* o, int typ) {
 
 void loeseAuf(Suchergebnis& ergebnis, const Fortschritt& fortschritt) {
     const int typ = ergebnis.objektTyp();
-    // Elements by id, filled only when a hit is not where the walk met it.
-    std::vector<const void*> nachId;
-    auto finde = [&](long id) -> const void* {
-        if (nachId.empty())
-            for (const Ort& o : orte(ergebnis.sammlung(), typ)) {
-                const long i = idVon(o.objekt(), typ);
-                if (i >= static_cast<long>(nachId.size())) nachId.resize(i + 1, nullptr);
-                if (!nachId[i]) nachId[i] = o.objekt();
-            }
-        return id > 0 && id < static_cast<long>(nachId.size()) ? nachId[id] : nullptr;
-    };
     const int gesamt = static_cast<int>(ergebnis.anzahl());
     int schritt = 0;
     std::size_t i = 0;
     for (SearchHit* h = ergebnis.kopf(); h; h = h->next, ++i) {
-        const long id = trefferObjektId(*h);
         const void* o = i < ergebnis.fundorte_.size() ? ergebnis.fundorte_[i] : nullptr;
-        if (idVon(o, typ) != id) o = finde(id);
+        if (idVon(o, typ) != trefferObjektId(*h)) o = nullptr;
         if (typ == kObjektBox) h->box = static_cast<const BoxElement*>(o);
         if (typ == kObjektDvd) h->dvd = static_cast<const DvdElement*>(o);
         if (typ == kObjektFilm) h->film = static_cast<const FilmElement*>(o);

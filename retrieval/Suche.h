@@ -1,12 +1,13 @@
 #pragma once
 // The search engine: finds the boxes, DVDs or films of the collection that satisfy
-// a normalised criteria list (see Suchkriterien.h). It reads the collection once
-// with the whole-collection builder, walks every object of the searched kind in
+// a normalised criteria list (see Suchkriterien.h). It reads the collection once,
+// box by box (domain/Durchlauf.h), walks every object of the searched kind in
 // catalogue order (boxes by title, DVDs and films by position, each object once),
 // folds the rows' values left to right without precedence and without short cuts,
 // and records one hit per matching object with the reason text.
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
 #include <vector>
@@ -26,7 +27,8 @@ struct SearchHit {
     std::int32_t dvdId = 0;       // the DVD (of a DVD hit; else the DVD it was found on)
     std::int32_t filmId = 0;      // the film of a film hit
     std::string reason;           // "Titel: <...> Genre: <...> ", at most kGrundMax
-    // Set by loeseAuf: the object of the hit's type, inside the result's collection.
+    // Set by loeseAuf: the object of the hit's type as the result keeps it (its
+    // own fields; its lists are empty).
     const BoxElement* box = nullptr;
     const DvdElement* dvd = nullptr;
     const FilmElement* film = nullptr;
@@ -46,8 +48,9 @@ struct SuchOptionen {
     Fortschritt fortschritt;
 };
 
-// The hits of one search in walk order, and the collection the resolved hits
-// point into. Owns both; releases the hits one by one.
+// The hits of one search in walk order, and a copy of each hit's object without
+// its lists, which the resolved hits point to. Owns both; releases the hits one
+// by one.
 class Suchergebnis {
   public:
     Suchergebnis() = default;
@@ -60,7 +63,6 @@ class Suchergebnis {
     int objektTyp() const { return objektTyp_; }
     SearchHit* kopf() const { return kopf_; }
     std::size_t anzahl() const { return anzahl_; }
-    const BoxElement* sammlung() const { return sammlung_.get(); }
 
     // "Boxen: %d Treffer", "Dvds: %d Treffer" or "Filme: %d Treffer".
     std::string statusZeile() const;
@@ -68,17 +70,19 @@ class Suchergebnis {
   private:
     friend Suchergebnis suche(Datenbank&, const KriterienListe&, const SuchOptionen&);
     friend void loeseAuf(Suchergebnis&, const Fortschritt&);
-    void haengeAn(SearchHit* h, const void* objekt);
+    void nimmAuf(const BoxElement& b, const DvdElement* d, const FilmElement* f,
+                 const std::string& grund);
     void leere();
 
     int objektTyp_ = 0;
-    BoxListe sammlung_;
     SearchHit* kopf_ = nullptr;
     SearchHit* letzter_ = nullptr;
     std::size_t anzahl_ = 0;
-    // Per hit, the element the walk met it at: resolution then needs no second
-    // walk over the collection.
+    // Per hit, the kept copy of its object.
     std::vector<const void*> fundorte_;
+    std::deque<BoxElement> boxen_;
+    std::deque<DvdElement> dvds_;
+    std::deque<FilmElement> filme_;
 };
 
 // Runs the search. The list must be normalised (normalisiere). An empty list or

@@ -51,7 +51,8 @@ TEST_F(CliKatalog, ListeAlsJson) {
     std::filesystem::create_directories(basis + "Tags");
     schreibeDatei(basis + "Tags/1_1.txt", "verliehen\n");
     schreibeDatei(basis + "Cover/1.jpg", "bild");
-    schreibeDatei(basis + "Inhalt/1.txt", "Über eine Brücke.");  // side files are 8-bit
+    // Side files are 8-bit; quotes, backslashes and control characters are escaped.
+    schreibeDatei(basis + "Inhalt/1.txt", "Über \"eine\" Brücke\\\tBach\r\n\x01");
     // Every key in the documented order; what was never set is "", 0 or [].
     EXPECT_EQ(nlohmann::ordered_json::parse(gut({"liste", "--json"})),
               nlohmann::ordered_json::parse(u(u8R"({"boxen": [{"id": 1, "ean": "400",
@@ -61,7 +62,7 @@ TEST_F(CliKatalog, ListeAlsJson) {
            "bytesLow": 0, "bytesHigh": 0, "laenge": 0, "extras": [], "tags": [], "filme": [
              {"id": 1, "titel": "Brücke", "originaltitel": "", "alternativtitel": "", "fsk": 0,
               "laenge": 0, "jahr": 0, "bildformate": [], "genres": [], "untertitel": [],
-              "sprachen": [], "funktionen": [], "personen": [], "inhalt": "Über eine Brücke.",
+              "sprachen": [], "funktionen": [], "personen": [], "inhalt": "Über \"eine\" Brücke\\\tBach\r\n\u0001",
               "kommentar": "", "tags": []}]},
           {"id": 2, "titel": "Zwei", "jahr": 2001, "rc": 6, "opt": 0, "format": "DVD-5", "sn": 0,
            "bytesLow": 0, "bytesHigh": 0, "laenge": 120, "extras": [], "tags": [],

@@ -173,7 +173,7 @@ TEST(BlockVorrat, GibtBloeckeWiederUndDiePlattenZurueck) {
     EXPECT_EQ(v.hole(), letzter);
     for (void* p : bloecke) v.gib(p);
     EXPECT_EQ(v.belegt(), 0u);
-    EXPECT_EQ(v.platten(), 0u);
+    EXPECT_EQ(v.platten(), 1u);
     v.gib(nullptr);
     void* neu = v.hole();
     EXPECT_NE(neu, nullptr);

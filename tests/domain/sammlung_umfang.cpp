@@ -2,6 +2,7 @@
 // the whole reader builds it, every other list stays empty.
 #include <gtest/gtest.h>
 
+#include "domain/Durchlauf.h"
 #include "tests/domain/Abbild.h"
 #include "tests/domain/DomainUmgebung.h"
 
@@ -58,5 +59,34 @@ TEST_F(SammlungUmfang, JederUmfangBautGenauSeineListen) {
             << "Umfang " << u;
     }
     ganz.reset();
+    EXPECT_TRUE(spur.offen().empty());
+}
+
+TEST_F(SammlungUmfang, DurchlaufBautJedeBoxWieDasGanzeUndGibtSieGleichFrei) {
+    std::string ganz;
+    {
+        BoxListe alles = db->ladeSammlung();
+        ganz = Abbild(kUmfangAlles).von(alles.get());
+    }
+    {
+        Sammlungsdurchlauf lauf(*db, kUmfangAlles);
+        EXPECT_EQ(lauf.boxen(), 2);
+        EXPECT_EQ(lauf.dvds(), 2);
+        EXPECT_EQ(lauf.filme(), 2);
+        // Boxes not reached yet have empty lists, so one picture collects them all.
+        Abbild abbild(kUmfangAlles);
+        std::string text;
+        std::vector<std::size_t> offen;
+        while (BoxElement* b = lauf.naechste()) {
+            text = abbild.von(b);
+            offen.push_back(spur.offen().size());
+        }
+        EXPECT_EQ(text, ganz);
+        // Both boxes are built alike: had the first one's lists stayed, the
+        // second would leave twice as many elements open.
+        ASSERT_EQ(offen.size(), 2u);
+        EXPECT_EQ(offen[0], offen[1]);
+        EXPECT_EQ(lauf.naechste(), nullptr);
+    }
     EXPECT_TRUE(spur.offen().empty());
 }
