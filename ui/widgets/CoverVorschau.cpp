@@ -23,6 +23,7 @@ CoverVorschau::CoverVorschau(QWidget* eltern) : QLabel(eltern) {
     setAlignment(Qt::AlignCenter);
     setFrameShape(QFrame::StyledPanel);
     setMinimumSize(160, 200);
+    setWordWrap(true);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     setAcceptDrops(true);
     setToolTip(QStringLiteral("Ein Bild hierher ziehen, um es als Cover zu nehmen"));
@@ -33,7 +34,8 @@ bool CoverVorschau::zeige(const QString& datei) {
     bild_ = datei.isEmpty() ? QPixmap() : QPixmap(datei);
     if (bild_.isNull()) {
         clear();
-        setText(QStringLiteral("Kein Cover"));
+        // Where nothing is shown, say how to get a picture there.
+        setText(QStringLiteral("Kein Cover\n\nEin Bild hierher ziehen\noder „Cover wählen...“"));
     }
     setAccessibleDescription(bild_.isNull() ? QStringLiteral("Kein Cover")
                                             : QFileInfo(datei).fileName());

@@ -46,7 +46,8 @@ BoxDlg::BoxDlg(QWidget* eltern, CApplikation& app, const BoxWerte& w,
       ean_(new TextFeld(static_cast<int>(kMaxEan), this)),
       verpackung_(new EintragWahl(true, this)),
       extras_(new ListenPaar(QStringLiteral("Extras"), this)),
-      vorschau_(new CoverVorschau(this)) {
+      vorschau_(new CoverVorschau(this)),
+      entfernen_(new QPushButton(QStringLiteral("Cover ent&fernen"), this)) {
     titel_->setzeText8(w.titel);
     titel_->setMinimumWidth(320);
     ean_->setzeText8(w.ean);
@@ -75,12 +76,13 @@ BoxDlg::BoxDlg(QWidget* eltern, CApplikation& app, const BoxWerte& w,
     links->addWidget(gruppe, 1);
 
     auto* waehlen = new QPushButton(QStringLiteral("&Cover wählen..."), this);
-    auto* entfernen = new QPushButton(QStringLiteral("Cover ent&fernen"), this);
-    for (QPushButton* k : {waehlen, entfernen}) k->setAutoDefault(false);
+    for (QPushButton* k : {waehlen, entfernen_}) k->setAutoDefault(false);
+    entfernen_->setEnabled(!w.cover.empty());
+    setTabOrder(waehlen, entfernen_);
     auto* rechts = new QVBoxLayout;
     rechts->addWidget(vorschau_, 1);
     rechts->addWidget(waehlen);
-    rechts->addWidget(entfernen);
+    rechts->addWidget(entfernen_);
     auto* oben = new QHBoxLayout;
     oben->addLayout(links, 3);
     oben->addLayout(rechts, 1);
@@ -88,7 +90,7 @@ BoxDlg::BoxDlg(QWidget* eltern, CApplikation& app, const BoxWerte& w,
     layout->addLayout(oben, 1);
     layout->addWidget(knoepfe());
     connect(waehlen, &QPushButton::clicked, this, &BoxDlg::coverDialog);
-    connect(entfernen, &QPushButton::clicked, this, &BoxDlg::entferneCover);
+    connect(entfernen_, &QPushButton::clicked, this, &BoxDlg::entferneCover);
     connect(vorschau_, &CoverVorschau::dateiAbgelegt, this, &BoxDlg::waehleCover);
     resize(760, 460);
     fertig();
@@ -112,12 +114,14 @@ void BoxDlg::waehleCover(const QString& datei) {
     }
     cover_ = {CoverWahl::Art::Neu, datei.toStdString()};
     vorschau_->zeige(datei);
+    entfernen_->setEnabled(true);
     app_.einstellungen().setLastPicPath(QFileInfo(datei).absolutePath().toStdString());
 }
 
 void BoxDlg::entferneCover() {
     cover_ = {CoverWahl::Art::Entfernen, std::string()};
     vorschau_->zeige(QString());
+    entfernen_->setEnabled(false);
 }
 
 void BoxDlg::coverDialog() {

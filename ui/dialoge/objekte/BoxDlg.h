@@ -11,6 +11,8 @@
 #include "app/Werte.h"
 #include "ui/dialoge/objekte/EditDlg.h"
 
+class QPushButton;
+
 namespace dv::ui {
 
 class CoverVorschau;
@@ -43,6 +45,7 @@ class BoxDlg : public EditDlg {
     EintragWahl* verpackung_;
     ListenPaar* extras_;
     CoverVorschau* vorschau_;
+    QPushButton* entfernen_;  // only while there is a cover to remove
 };
 
 }  // namespace dv::ui
