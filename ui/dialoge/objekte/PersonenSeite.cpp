@@ -139,6 +139,8 @@ void PersonenSeite::setze(const std::vector<FilmPerson>& liste) {
         auto* item = new QTreeWidgetItem(liste_);
         fuelle(*item, p.person, p.funktion, p.alias);
     }
+    // The row the fields below show is marked: it is the one "Übernehmen" changes.
+    if (liste_->topLevelItemCount() > 0) liste_->setCurrentItem(liste_->topLevelItem(0));
 }
 
 std::vector<FilmPerson> PersonenSeite::personen() const {
