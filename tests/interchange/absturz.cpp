@@ -1,55 +1,20 @@
 // Crashes: an import, a batch import, a delete cascade, a copy, a merge of two
-// lookup entries and the validation's repairs run in a child
-// process that is killed at its k-th change of a file, for every k (a write torn
-// in half first). The next start finds the catalogue exactly as before the
-// operation or exactly as after it, never between: no half box, no link row to a
-// missing record, no earlier box touched, no box file consumed whose box is lost.
+// lookup entries and the validation's repairs, each killed at every change of a
+// file. The next start finds the catalogue exactly as before the operation or
+// exactly as after it, never between: no half box, no link row to a missing
+// record, no earlier box touched, no box file consumed whose box is lost.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <functional>
-#include <map>
 
 #include "domain/Validierung.h"
 #include "domain/Verwendung.h"
-#include "storage/Journal.h"
-#include "storage/Schreibvorgang.h"
 #include "tests/interchange/Austauschtest.h"
-#include "tests/support/FehlerDateisystem.h"
+#include "tests/support/Absturzprobe.h"
 
 namespace dv::test {
 namespace {
-
-namespace fsys = std::filesystem;
-using Abbild = std::map<std::string, std::string>;
-
-// Every file of the folders that make up the catalogue, by path below the base.
-Abbild abbild(const std::string& basis) {
-    Abbild a;
-    for (const char* ordner : {"Daten", "Tags", "Cover", "Kommentar", "Inhalt"})
-        for (const auto& e : fsys::directory_iterator(basis + ordner))
-            a[fsys::relative(e.path(), basis).string()] = leseDatei(e.path().string());
-    return a;
-}
-
-// The files in which two states differ, for the failure message.
-std::string unterschied(const Abbild& a, const Abbild& b) {
-    std::string s;
-    for (const auto& [pfad, bytes] : a)
-        if (!b.count(pfad) || b.at(pfad) != bytes) s += pfad + " ";
-    for (const auto& [pfad, bytes] : b)
-        if (!a.count(pfad)) s += pfad + " ";
-    return s;
-}
-
-void stelleHer(const std::string& basis, const Abbild& a) {
-    for (const char* ordner : {"Daten", "Tags", "Cover", "Kommentar", "Inhalt"})
-        for (const auto& e : fsys::directory_iterator(basis + ordner)) fsys::remove(e.path());
-    for (const auto& [pfad, bytes] : a) schreibeDatei(basis + pfad, bytes);
-}
 
 // One program on the shared program folder, as each start of a process makes it.
 struct Programm {
@@ -100,66 +65,28 @@ class Absturz : public ::testing::Test {
 
     void zurueck() {
         stelleHer(basis.pfad(), start);
-        std::remove(journalPfad(basis / "Daten/").c_str());
         schreibeDatei(dateiA, bytesA);
         schreibeDatei(dateiB, bytesB);
     }
 
-    // Runs the work once whole, then once for every change it makes, killed there,
-    // and once more unharmed. erwartet: the states allowed afterwards, first the
-    // one before the work, last the one after it.
+    // The work in a program on the shared folder, killed at every change it makes;
+    // erwartet: the states allowed afterwards, first the one before the work, last
+    // the one after it. A box file is gone only when its box is in the catalogue.
     void pruefe(const Arbeit& arbeit, const std::vector<Abbild>& erwartet) {
-        int veraenderungen = 0;
-        {
-            FehlerDateisystem fs;
+        Absturzprobe probe;
+        probe.basis = basis.pfad();
+        probe.erwartet = erwartet;
+        probe.arbeit = [&](FehlerDateisystem& fs, const std::function<void()>& los) {
             Programm env(fs, basis.pfad());
-            fs.veraenderungen = 0;
+            los();
             arbeit(env);
-            veraenderungen = fs.veraenderungen;
-        }
-        ASSERT_EQ(unterschied(abbild(basis.pfad()), erwartet.back()), "") << "the whole run";
-        // At least the journal, two files and the journal's removal.
-        ASSERT_GT(veraenderungen, 3);
-        std::map<std::size_t, int> zustaende;
-        for (int k = 1; k <= veraenderungen + 1; ++k) {
-            SCOPED_TRACE("Abbruch bei Veränderung " + std::to_string(k));
-            zurueck();
-            const pid_t kind = ::fork();
-            ASSERT_GE(kind, 0);
-            if (kind == 0) {
-                FehlerDateisystem fs;
-                fs.zerreissen = true;
-                Programm env(fs, basis.pfad());
-                fs.veraenderungen = 0;
-                fs.abbruchBeiVeraenderung = k;
-                arbeit(env);
-                std::_Exit(0);
-            }
-            int status = 0;
-            ASSERT_EQ(::waitpid(kind, &status, 0), kind);
-            const bool getoetet = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
-            const bool fertig = WIFEXITED(status) && WEXITSTATUS(status) == 0;
-            ASSERT_TRUE(k <= veraenderungen ? getoetet : fertig) << status;
-            // The next start: recovery first, as both programs do.
-            SpeicherUmgebung neu;
-            neu.datenOrdner = basis / "Daten/";
-            stelleWiederHer(neu);
-            const Abbild jetzt = abbild(basis.pfad());
-            std::size_t i = 0;
-            while (i < erwartet.size() && erwartet[i] != jetzt) ++i;
-            ASSERT_LT(i, erwartet.size())
-                << "a state between before and after: " << unterschied(jetzt, erwartet.front())
-                << "/ " << unterschied(jetzt, erwartet.back());
-            ++zustaende[i];
-            // A box file is gone only when its box is in the catalogue.
-            const bool quellenDa = gibtEs(dateiA) && gibtEs(dateiB);
-            EXPECT_TRUE(i > 0 || quellenDa);
+        };
+        probe.vorJedemLauf = [&] { zurueck(); };
+        probe.danach = [&](std::size_t i) {
+            EXPECT_TRUE(i > 0 || (gibtEs(dateiA) && gibtEs(dateiB)));
             EXPECT_TRUE(i != 1 || erwartet.size() < 3 || gibtEs(dateiB));
-        }
-        // The test saw both outcomes.
-        EXPECT_GT(zustaende[0], 0);
-        EXPECT_GT(zustaende[erwartet.size() - 1], 0);
-        std::printf("%d Abbruchstellen\n", veraenderungen);
+        };
+        probe.pruefe();
     }
 
     Abbild nach(const Arbeit& arbeit) {
