@@ -136,6 +136,31 @@ class NachBesitzer {
     long hoechsteZeile_ = 0;
 };
 
+// The main title of each film: the best of its Titel rows (bau::besserTitel, an
+// order of its own, so the order the rows come in does not matter). Only that
+// row is kept per film, indexed by the film id up to the highest live one.
+class HauptTitel {
+  public:
+    template <class T>
+    HauptTitel(T& tab, long hoechsterFilm, bool lesen) {
+        if (!lesen || hoechsterFilm <= 0) return;
+        rows_.assign(static_cast<std::size_t>(hoechsterFilm) + 1, Zeile4{});
+        tab.scanne([&](const Zeile4& z) {
+            if (z.Id <= 0 || z.Fremd_Id <= 0 || z.Fremd_Id > hoechsterFilm) return;
+            Zeile4& h = rows_[z.Fremd_Id];
+            if (h.Id == 0 || bau::besserTitel(z, h)) h = z;
+        });
+    }
+    const Zeile4* finde(long film) const {
+        if (film <= 0 || film >= static_cast<long>(rows_.size()) || rows_[film].Id == 0)
+            return nullptr;
+        return &rows_[film];
+    }
+
+  private:
+    std::vector<Zeile4> rows_;
+};
+
 class SammlungsLeser {
   public:
     // Tables that no list of the scope needs stay unread; their lists come out empty.
@@ -169,9 +194,7 @@ class SammlungsLeser {
               k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; }, filme_.hoechste(),
               u & kUmfangPersonen),
           filmAlias_(k_.Film_Alias, erstes, filmPerson_.hoechsteZeile(), u & kUmfangPersonen),
-          titel_(
-              k_.Titel, [](const Zeile4& z) { return z.Fremd_Id; }, filme_.hoechste(),
-              u & kUmfangFilme) {}
+          titel_(k_.Titel, filme_.hoechste(), u & kUmfangFilme) {}
 
     void ladeBox(BoxElement& b) {
         b.pExtras = objekte(boxExtras_, extras_, b.Id);
@@ -224,10 +247,7 @@ class SammlungsLeser {
     }
 
     void ladeFilm(FilmElement& f) {
-        const Zeile4* haupt = nullptr;
-        for (const Zeile4& t : titel_.von(f.Id))
-            if (!haupt || bau::besserTitel(t, *haupt)) haupt = &t;
-        if (haupt) bau::kopiere(f.cpTitel, haupt->cpTitel);
+        if (const Zeile4* haupt = titel_.finde(f.Id)) bau::kopiere(f.cpTitel, haupt->cpTitel);
         f.pGenres = objekte(filmGenre_, genres_, f.Id);
         f.pBildformate = objekte(filmBildformat_, bildformate_, f.Id);
         f.pUntertitel = objekte(filmUntertitel_, sprachen_, f.Id);
@@ -289,7 +309,7 @@ class SammlungsLeser {
     NachBesitzer<Zeile6> filmSprachen_;
     NachBesitzer<Zeile3> filmPerson_;  // before filmAlias_, whose owners are its rows
     NachBesitzer<Zeile2> filmAlias_;
-    NachBesitzer<Zeile4> titel_;
+    HauptTitel titel_;
 };
 
 // A list needs its owners.
