@@ -84,8 +84,8 @@ void BlockVorrat::gib(void* p) noexcept {
     if (--belegt_ > 0) return;
     // Everything is back: the slabs go back to the system but one, so that a
     // walk that builds and releases one box at a time does not fetch a fresh
-    // slab for every box.
-    gibPlattenFrei(1);
+    // slab for every box. With one slab the free list holds all of it already.
+    if (platten_.size() > 1) gibPlattenFrei(1);
 }
 
 }  // namespace dv
