@@ -1,9 +1,12 @@
 #include "app/CApplikation.h"
+#include "app/Grenzen.h"
 
 #include <cstdlib>
 
 #include "base/Datenversion.h"
 #include "base/Optionen.h"
+#include "domain/Beschreibung.h"
+#include "platform/Laufwerke.h"
 #include "storage/Schreibvorgang.h"
 
 namespace dv {
@@ -28,9 +31,13 @@ CApplikation::CApplikation(Benutzer& benutzer, Einstellungen& einstellungen, Dat
 
 CApplikation::~CApplikation() = default;
 
-bool CApplikation::starte(const std::string& programmOrdner, std::optional<unsigned> traceMaske) {
+Ergebnis CApplikation::starte(const std::string& programmOrdner,
+                              std::optional<unsigned> traceMaske) {
     ordner_.setzeBasis(programmOrdner);
-    if (!fs_.istOrdner(ordner_.programm) && !fs_.erzeugeOrdner(ordner_.programm)) return false;
+    if (!fs_.istOrdner(ordner_.programm) && !fs_.erzeugeOrdner(ordner_.programm))
+        return Ergebnis::fehlschlag(
+            formatiere("Der Programmordner \"%s\" kann nicht angelegt werden.",
+                       pfadText(ordner_.programm).c_str()));
     protokoll_.setzeLogPfad(ordner_.programm + "zelka.log");
     ordner_.legeAn(fs_);
     protokoll_.setzeMeldungsOrdner(ordner_.meldungen);
@@ -44,13 +51,30 @@ bool CApplikation::starte(const std::string& programmOrdner, std::optional<unsig
     protokoll_.setzeMaske(maske);
 
     umgebung_.datenOrdner = ordner_.daten;
-    if (!fs_.istOrdner(ordner_.daten)) return false;
+    if (!fs_.istOrdner(ordner_.daten))
+        return Ergebnis::fehlschlag(
+            formatiere("Der Datenordner \"%s\" fehlt und kann nicht angelegt werden.",
+                       pfadText(ordner_.daten).c_str()));
     bereiteSchreibenVor();
     stelleWiederHer(umgebung_);
     katalog().erzeugeDatenbank();
+    DV_PRUEFE(pruefeTabellen());
     // The default overview templates, unless the user has files of those names.
     installiereStandardVorlagen(fs_, ordner_.vorlagen);
-    return true;
+    return Ergebnis::gut();
+}
+
+Ergebnis CApplikation::pruefeTabellen() {
+    // An unreadable table would show as an empty catalogue: it is named instead.
+    for (Tabelle* t : katalog().alle()) {
+        int fehler = 0;
+        const std::string pfad = t->pfad();
+        if (!fs_.oeffne(pfad, OeffnenModus::Lesen, &fehler))
+            return Ergebnis::fehlschlag(
+                formatiere("Die Tabelle \"%s\" kann nicht gelesen werden: %s",
+                           pfadText(pfad).c_str(), systemFehlerText(fehler).c_str()));
+    }
+    return Ergebnis::gut();
 }
 
 void CApplikation::bereiteSchreibenVor() {
@@ -112,6 +136,15 @@ bool CApplikation::sucheGrossKlein() {
     std::uint32_t optionen = kOptionsStandard;
     einstellungen_.getOptions(optionen);
     return (optionen & kOptSucheGrossKlein) != 0;
+}
+
+std::string CApplikation::gespeicherteVersion() {
+    return dv::versionsText(katalog().holeVersion());
+}
+
+std::vector<std::string> CApplikation::versionsZeilen() {
+    const VersionsVergleich v = vergleicheVersion(katalog());
+    return {istZeile(v.ist), sollZeile(v.soll)};
 }
 
 std::string CApplikation::versionsText() {

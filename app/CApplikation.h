@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/Aenderungen.h"
 #include "app/Dienste.h"
@@ -39,8 +40,10 @@ class CApplikation {
     // operation that a crash left unfinished (noted in the message log), then the
     // tables (missing files created, functions seeded). traceMaske replaces the
     // stored mask when given.
-    // False when the program folder or its data folder cannot be created.
-    bool starte(const std::string& programmOrdner, std::optional<unsigned> traceMaske = {});
+    // Refused with the reason when the program folder or its data folder cannot be
+    // created, or a table file cannot be read. Tables that can be read but not
+    // written (a read-only medium) start; writes are refused by the Schreibstelle.
+    Ergebnis starte(const std::string& programmOrdner, std::optional<unsigned> traceMaske = {});
 
     // The data version check with its protocol; false on a mismatch (the message
     // has been shown; the caller ends the process).
@@ -51,6 +54,10 @@ class CApplikation {
 
     // The text of the program's own data version: "4.0.0.1 - 20070406".
     static std::string versionsText();
+    // The stored data version as that text, and the two lines "Ist  : ..." and
+    // "Soll : ..." of the check.
+    std::string gespeicherteVersion();
+    std::vector<std::string> versionsZeilen();
     // The title text of the application: "DORVANO".
     static const char* titel() { return "DORVANO"; }
 
@@ -100,6 +107,7 @@ class CApplikation {
     // The writer lock of the program folder and the hooks through which the
     // storage layer's reports reach the user and the message log.
     void bereiteSchreibenVor();
+    Ergebnis pruefeTabellen();
 
     Benutzer& benutzer_;
     Einstellungen& einstellungen_;

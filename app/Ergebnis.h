@@ -3,7 +3,8 @@
 // user is shown (catalogue code page, like every text of the services). A refusal
 // also says whose fault it is, so that the command line can pick its exit code
 // and the desktop its icon; a question the user answered No is no failure to
-// report and carries no text.
+// report and carries no text; nor does a failure whose message a lower layer has
+// shown already through Benutzer.
 
 #include <string>
 #include <utility>

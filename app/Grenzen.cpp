@@ -1,5 +1,6 @@
 #include "app/Grenzen.h"
 
+#include "base/Zeichensatz.h"
 #include "domain/Beschreibung.h"
 
 namespace dv {
@@ -7,6 +8,13 @@ namespace dv {
 Ergebnis pruefeText(const std::string& text, std::size_t max, const char* was) {
     if (text.size() <= max) return Ergebnis::gut();
     return Ergebnis::eingabe(formatiere("%s ist zu lang (höchstens %zu Zeichen).", was, max));
+}
+
+std::string pfadText(const std::string& pfad) {
+    std::string text;
+    if (utf8NachCp1252(pfad, text)) return text;
+    for (unsigned char c : pfad) text += c < 0x80 ? static_cast<char>(c) : '?';
+    return text;
 }
 
 Ergebnis pruefeZahl(long wert, long von, long bis, const char* was) {

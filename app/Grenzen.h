@@ -18,6 +18,10 @@ namespace dv {
 // "<was> ist zu lang (höchstens <max> Zeichen)." as an input error.
 Ergebnis pruefeText(const std::string& text, std::size_t max, const char* was);
 
+// A path (UTF-8, as the system names files) as a catalogue text for a reason;
+// characters the code page cannot hold become '?'.
+std::string pfadText(const std::string& pfad);
+
 // Refuses a number outside [von, bis]: "<was> muss zwischen <von> und <bis> liegen.".
 Ergebnis pruefeZahl(long wert, long von, long bis, const char* was);
 

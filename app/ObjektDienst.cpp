@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "app/CApplikation.h"
+#include "app/Grenzen.h"
 #include "app/KatalogDienst.h"
 #include "app/Objektpruefung.h"
 #include "domain/Beschreibung.h"
@@ -347,11 +348,13 @@ Ergebnis ObjektDienst::setzeCover(long boxId, const std::string& datei) {
     if (!app_.dienste().katalog().gibtEs(kBox, boxId)) return KatalogDienst::unbekannt(kBox, boxId);
     Dateisystem& fs = app_.fs();
     if (!fs.existiert(datei) || fs.istOrdner(datei))
-        return Ergebnis::eingabe(formatiere("Die Datei \"%s\" gibt es nicht.", datei.c_str()));
+        return Ergebnis::eingabe(
+            formatiere("Die Datei \"%s\" gibt es nicht.", pfadText(datei).c_str()));
     const std::string ordner = app_.ordner().cover;
     const std::string endung = dateiEndung(datei);
     if (endung.empty())
-        return Ergebnis::eingabe(formatiere("Die Datei \"%s\" hat keine Endung.", datei.c_str()));
+        return Ergebnis::eingabe(
+            formatiere("Die Datei \"%s\" hat keine Endung.", pfadText(datei).c_str()));
     const std::string ziel = ordner + std::to_string(boxId) + "." + endung;
     return app_.schreibstelle().schreibe([&](std::vector<Aenderung>& m) {
         // The new picture is complete under another name before the old one goes.

@@ -106,6 +106,34 @@ struct Benannt {
 using VormerkWerte = Benannt;
 using FilterWerte = Benannt;
 
+// An entry of a watch list as the content view shows it.
+struct VormerkEintrag {
+    long liste = 0;
+    std::string listenName;
+    int typ = 0;  // object type
+    long id = 0;
+    std::string titel;  // "" when the object no longer exists
+    bool operator==(const VormerkEintrag&) const = default;
+};
+
+// A stamp tag: its text and the kinds of object it is offered for (mask bits
+// 1 Box, 2 Dvd, 4 Film).
+struct StempelWerte {
+    long id = 0;
+    int maske = 0;
+    std::string text;
+    bool operator==(const StempelWerte&) const = default;
+};
+
+// A tag that a tag search found, with the object's title.
+struct TagFund {
+    int typ = 0;
+    long id = 0;
+    std::string titel;
+    std::string tag;
+    bool operator==(const TagFund&) const = default;
+};
+
 // ---- Rows of the catalogue tree: what a node shows, read as cheaply as possible.
 
 struct BoxZeile {

@@ -1,7 +1,7 @@
 // validieren and uebersicht: the database validation and the HTML overview.
 #include <memory>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 #include "cli/Kontext.h"
 
 namespace dv::cli {
@@ -13,25 +13,18 @@ struct UebersichtArgumente {
 };
 
 int uebersicht(Kontext& k, const UebersichtArgumente& a) {
-    UebersichtEinstellungen e;
+    AusgabeDienst& ausgabe = k.dienste().ausgabe();
+    UebersichtWerte w;
     if (!a.einstellungen.empty()) {
-        if (!leseUebersichtEinstellungen(k.app.fs(), k.benutzer, a.einstellungen, e))
-            return kFehlschlag;
+        const auto gelesen = ausgabe.ladeUebersicht(a.einstellungen);
+        if (!gelesen.ok()) return k.ergebnis(gelesen);
+        w = gelesen.wert();
     } else {
-        e.vorlage = a.vorlage;
-        // A bare name that is not in the current folder is one of the program's templates.
-        if (!e.vorlage.empty() && e.vorlage.find('/') == std::string::npos &&
-            !k.app.fs().existiert(e.vorlage))
-            e.vorlage = k.app.ordner().vorlagen + e.vorlage;
-        e.ziel = a.ziel;
-        e.titel = katalogText(a.titel);
-        e.ueberschrift = katalogText(a.ueberschrift);
-        e.hintergrund = a.hintergrund;
+        w = {a.vorlage, a.ziel, katalogText(a.titel), katalogText(a.ueberschrift), a.hintergrund};
     }
-    if (!a.speichern.empty() &&
-        !schreibeUebersichtEinstellungen(k.app.fs(), k.benutzer, a.speichern, e))
-        return kFehlschlag;
-    return k.app.erzeugeUebersicht(e, !a.nichtOeffnen) ? kFertig : kFehlschlag;
+    if (!a.speichern.empty())
+        if (const int code = k.ergebnis(ausgabe.speichereUebersicht(a.speichern, w))) return code;
+    return k.ergebnis(ausgabe.uebersicht(w, !a.nichtOeffnen));
 }
 
 }  // namespace
@@ -41,7 +34,7 @@ void registriereAusgabe(Register& reg) {
         reg.befehl(reg.wurzel(), "validieren",
                    "Prüft und korrigiert die Datenbank (mit Sicherung des Datenordners)");
     reg.handler(validieren,
-                [](Kontext& k) { return k.app.validiereDatenbank() ? kFertig : kFehlschlag; });
+                [](Kontext& k) { return k.ergebnis(k.dienste().ausgabe().validiere()); });
 
     auto a = std::make_shared<UebersichtArgumente>();
     CLI::App* ue =

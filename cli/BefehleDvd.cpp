@@ -2,48 +2,29 @@
 #include <memory>
 
 #include "cli/Kontext.h"
-#include "domain/Disc.h"
-#include "platform/Laufwerke.h"
 
 namespace dv::cli {
 namespace {
 
-// The disc to read: the image when one is named, else the stored default drive.
-DiscQuelle quelle(Kontext& k, const std::string& abbild) {
-    DiscQuelle q;
-    q.abbild = abbild;
-    if (abbild.empty()) q.laufwerk = gespeichertesLaufwerk(k.app.einstellungen());
-    return q;
-}
-
 int zeigeInfo(Kontext& k, const std::string& abbild) {
-    Laufwerke& lw = systemLaufwerke();
-    const DiscQuelle q = quelle(k, abbild);
-    DiscInfo d;
-    const int code = leseDiscInfo(lw, q, d);
-    if (code != kDiscOk) {
-        meldeDiscFehler(k.benutzer, code, d);
-        return kFehlschlag;
-    }
-    DiscAnzeige a;
-    fuelleDiscAnzeige(lw, q, d, a);
-    k.zeile("Dateisystem: " + a.dateisystem);
-    k.zeile("Bezeichnung: " + d.volumenName);
-    k.zeile("SN: " + a.sn);
-    k.zeile("BytesLow: " + a.bytesLow);
-    k.zeile("BytesHigh: " + a.bytesHigh);
-    k.zeile("Größe: " + a.groesse);
-    k.zeile("Typ: " + a.typ);
-    if (a.rcGelesen) k.zeile("RC: " + std::to_string(a.rc));
+    const auto d = k.dienste().geraete().disc(abbild);
+    if (!d.ok()) return k.ergebnis(d);
+    k.zeile("Dateisystem: " + d->dateisystem);
+    k.zeile("Bezeichnung: " + d->bezeichnung);
+    k.zeile("SN: " + d->sn);
+    k.zeile("BytesLow: " + d->bytesLow);
+    k.zeile("BytesHigh: " + d->bytesHigh);
+    k.zeile("Größe: " + d->groesse);
+    k.zeile("Typ: " + d->typ);
+    if (d->rcGelesen) k.zeile("RC: " + std::to_string(d->rc));
     return kFertig;
 }
 
 int erkenneDisc(Kontext& k, const std::string& abbild) {
-    const DiscFund f = findeDisc(k.app.db(), k.benutzer, systemLaufwerke(), quelle(k, abbild));
-    if (f.dvdId <= 0) return kFehlschlag;
-    auto dvd = k.app.katalog().DVD.eine(f.dvdId);
-    const std::string titel = dvd ? tab::DVD::zeile(dvd.get()).cpText : "";
-    k.zeile("Dvd\t" + std::to_string(f.dvdId) + "\t" + std::to_string(f.boxId) + "\t" + titel);
+    const auto dvd = k.dienste().geraete().erkenne(abbild);
+    if (!dvd.ok()) return k.ergebnis(dvd);
+    k.zeile("Dvd\t" + std::to_string(dvd->id) + "\t" + std::to_string(dvd->box) + "\t" +
+            dvd->titel);
     return kFertig;
 }
 
@@ -66,10 +47,10 @@ void registriereDvd(Register& reg) {
     CLI::App* laufwerke =
         reg.befehl(dvd, "laufwerke", "Zeigt die CD/DVD-Laufwerke mit Buchstabe und Gerät");
     reg.handler(laufwerke, [](Kontext& k) {
-        const auto liste = systemLaufwerke().liste();
+        const auto liste = k.dienste().geraete().laufwerke();
         if (liste.empty())
             k.benutzer.meldung("Hinweis", "Kein DVD-Laufwerk gefunden.", Symbol::Information);
-        for (const auto& l : liste) k.zeile(std::string(1, l.buchstabe) + ":\t" + l.geraet);
+        for (const LaufwerkWert& l : liste) k.zeile(std::string(1, l.buchstabe) + ":\t" + l.geraet);
         return kFertig;
     });
 
@@ -79,8 +60,7 @@ void registriereDvd(Register& reg) {
     reg.handler(laufwerk, [buchstabe](Kontext& k) {
         const char b = buchstabeAus(*buchstabe);
         if (!b) return k.fehler(kNutzung, "Kein Laufwerksbuchstabe: " + katalogText(*buchstabe));
-        return setzeLaufwerk(k.benutzer, systemLaufwerke(), k.app.einstellungen(), b) ? kFertig
-                                                                                      : kFehlschlag;
+        return k.ergebnis(k.dienste().geraete().setzeLaufwerk(b));
     });
 
     auto abbildInfo = std::make_shared<std::string>();
@@ -103,9 +83,7 @@ void registriereDvd(Register& reg) {
                                  oeffnen ? "Öffnet die Schublade des Standard DVD-Laufwerks"
                                          : "Schließt die Schublade des Standard DVD-Laufwerks");
         reg.handler(c, [oeffnen](Kontext& k) {
-            const char b = gespeichertesLaufwerk(k.app.einstellungen());
-            return bewegeSchublade(k.benutzer, systemLaufwerke(), b, oeffnen) ? kFertig
-                                                                              : kFehlschlag;
+            return k.ergebnis(k.dienste().geraete().schublade(oeffnen));
         });
     }
 }

@@ -5,11 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 #include "cli/Kontext.h"
 #include "cli/Objektargumente.h"
-#include "interchange/Austausch.h"
-#include "interchange/Filter.h"
 
 namespace dv::cli {
 namespace {
@@ -26,35 +24,6 @@ void schalter(CLI::App* c, const char* name, bool& ziel, const char* hilfe) {
     c->add_flag(name, ziel, cp1252NachUtf8(hilfe));
 }
 
-// A folder argument that must exist; ends in '/'.
-int ordnerArgument(Kontext& k, const std::string& text, std::string& ordner) {
-    ordner = mitTrenner(text);
-    if (!k.app.fs().istOrdner(ordner))
-        return k.fehler(kFehlschlag,
-                        "Das Verzeichnis \"" + katalogText(text) + "\" existiert nicht.");
-    return kFertig;
-}
-
-int importErgebnis(Kontext& k, ImportErgebnis e, const std::string& pfad, long boxId) {
-    switch (e) {
-        case ImportErgebnis::Importiert:
-            k.zeile(std::to_string(boxId));
-            return kFertig;
-        case ImportErgebnis::KeineBoxDatei:
-            return k.fehler(kFehlschlag,
-                            "Die Datei \"" + katalogText(pfad) + "\" ist keine Box-Datei.");
-        case ImportErgebnis::Doppelt:
-            return kFehlschlag;  // the system's message has been shown
-        case ImportErgebnis::Abgelehnt:
-            return kFehlschlag;
-        case ImportErgebnis::Abgebrochen:
-            return k.fehler(kFehlschlag, "Der Import wurde abgebrochen.");
-        case ImportErgebnis::Fehler:
-            break;
-    }
-    return k.fehler(kFehlschlag, "Die Box konnte nicht angelegt werden.");
-}
-
 void importieren(Register& reg) {
     std::shared_ptr<Args> a;
     CLI::App* c = unterbefehl(reg, reg.wurzel(), "importieren", "Importiert eine Box-Datei", a);
@@ -63,12 +32,11 @@ void importieren(Register& reg) {
              "Fragt bei jedem unbekannten Objekt und jeder unbekannten Person");
     pflicht(c, "datei", a->datei, "Die Box-Datei");
     reg.handler(c, [a](Kontext& k) {
-        ImportOptionen o = importOptionen(k.app.austausch().optionen());
-        o.boxBestaetigen = a->bestaetigen;
-        o.objekteBestaetigen = a->fragen;
-        long boxId = 0;
-        const ImportErgebnis e = k.app.austausch().importiere(a->datei, o, &boxId);
-        return importErgebnis(k, e, a->datei, boxId);
+        const auto box =
+            k.dienste().austausch().importiere(a->datei, ImportFragen{a->bestaetigen, a->fragen});
+        if (!box.ok()) return k.ergebnis(box);
+        k.zeile(std::to_string(box.wert()));
+        return kFertig;
     });
 }
 
@@ -80,15 +48,11 @@ void stapelImport(Register& reg) {
     schalter(c, "--ohne-info", a->ohneInfo, "Ohne die Frage \"Import-Info\" vor jeder Datei");
     c->add_option("datei", a->dateien, cp1252NachUtf8("Die Box-Dateien"))->required();
     reg.handler(c, [a](Kontext& k) {
-        ImportOptionen o = importOptionen(k.app.austausch().optionen());
-        o.boxBestaetigen = false;
-        o.objekteBestaetigen = false;
         bool alle = true;
-        for (const StapelImportEintrag& e :
-             k.app.austausch().stapelImport(a->dateien, !a->ohneInfo, o)) {
-            const bool ok = e.ergebnis == ImportErgebnis::Importiert && !e.uebersprungen;
-            k.zeile(katalogText(e.pfad) + (ok ? "\timportiert" : "\tnicht importiert"));
-            alle = alle && ok;
+        for (const ImportZeile& z :
+             k.dienste().austausch().stapelImport(a->dateien, !a->ohneInfo)) {
+            k.zeile(katalogText(z.pfad) + (z.importiert ? "\timportiert" : "\tnicht importiert"));
+            alle = alle && z.importiert;
         }
         return alle ? kFertig : kFehlschlag;
     });
@@ -105,24 +69,11 @@ void exportieren(Register& reg) {
     reg.handler(c, [a](Kontext& k) {
         long id = 0;
         if (const int code = idArgument(k, a->id, id)) return code;
-        std::string ordner;
-        if (const int code = ordnerArgument(k, a->ordner, ordner)) return code;
-        const SchreibOptionen o{a->tags, !a->ohneKompression, !a->ohneKompression};
-        std::string pfad;
-        switch (k.app.austausch().exportiere(id, ordner, o, &pfad)) {
-            case ExportErgebnis::Exportiert:
-                k.zeile(katalogText(pfad));
-                return kFertig;
-            case ExportErgebnis::Unbekannt:
-                return k.fehler(kNutzung, "Keine Box mit der ID " + std::to_string(id) + ".");
-            case ExportErgebnis::KeineEan:
-            case ExportErgebnis::NichtUeberschrieben:
-                return kFehlschlag;
-            case ExportErgebnis::Fehler:
-                break;
-        }
-        return k.fehler(kFehlschlag, "Die Box-Datei \"" + katalogText(pfad) +
-                                         "\" konnte nicht geschrieben werden.");
+        const auto pfad =
+            k.dienste().austausch().exportiere(id, a->ordner, a->tags, !a->ohneKompression);
+        if (!pfad.ok()) return k.ergebnis(pfad);
+        k.zeile(katalogText(pfad.wert()));
+        return kFertig;
     });
 }
 
@@ -133,10 +84,7 @@ void alleExportieren(Register& reg) {
     schalter(c, "--tags", a->tags, "Mit den Tags der Boxen, DVDs und Filme");
     pflicht(c, "ordner", a->ordner, "Das Zielverzeichnis");
     reg.handler(c, [a](Kontext& k) {
-        std::string ordner;
-        if (const int code = ordnerArgument(k, a->ordner, ordner)) return code;
-        const StapelExportErgebnis e = k.app.austausch().exportiereAlle(ordner, a->tags);
-        return e.nichtExportiert.empty() ? kFertig : kFehlschlag;
+        return k.ergebnis(k.dienste().austausch().exportiereAlle(a->ordner, a->tags));
     });
 }
 
@@ -158,17 +106,12 @@ void xml(Register& reg) {
                                           " (box, dvd oder film)");
         long id = 0;
         if (const int code = idArgument(k, a->id, id)) return code;
-        std::string dokument;
-        if (!k.app.austausch().xml(typ, id, XmlOptionen{a->cover, a->unterobjekte}, dokument))
-            return k.fehler(kNutzung, std::string("Kein Objekt vom Typ ") + objektTypName(typ) +
-                                          " mit der ID " + std::to_string(id) + ".");
-        if (!a->ausgabe.empty()) {
-            if (!schreibeAlles(k.app.fs(), a->ausgabe, dokument))
-                return k.fehler(kFehlschlag, "Die Datei \"" + katalogText(a->ausgabe) +
-                                                 "\" kann nicht geschrieben werden.");
-            return kFertig;
-        }
-        std::fwrite(dokument.data(), 1, dokument.size(), stdout);
+        AustauschDienst& austausch = k.dienste().austausch();
+        if (!a->ausgabe.empty())
+            return k.ergebnis(austausch.xmlDatei(typ, id, a->cover, a->unterobjekte, a->ausgabe));
+        const auto dokument = austausch.xml(typ, id, a->cover, a->unterobjekte);
+        if (!dokument.ok()) return k.ergebnis(dokument);
+        std::fwrite(dokument->data(), 1, dokument->size(), stdout);
         return std::fflush(stdout) == 0 ? kFertig : kFehlschlag;
     });
 }
@@ -176,65 +119,7 @@ void xml(Register& reg) {
 // ---- filter ----------------------------------------------------------------------
 
 int filterArgument(Kontext& k, const std::string& text, long& id) {
-    if (const int code = idArgument(k, text, id)) return code;
-    if (!k.app.katalog().FilterName.eine(id))
-        return k.fehler(kNutzung, "Kein Filter mit der ID " + std::to_string(id) + ".");
-    return kFertig;
-}
-
-void filterListe(Register& reg, CLI::App* gruppe) {
-    std::shared_ptr<Args> a;
-    CLI::App* c = unterbefehl(reg, gruppe, "liste", "Zeigt alle Filter", a);
-    reg.handler(c, [](Kontext& k) {
-        k.app.katalog().FilterName.scanne(
-            [&](const Zeile1& z) { k.zeile(std::to_string(z.Id) + '\t' + z.cpText); });
-        return kFertig;
-    });
-}
-
-void filterNeu(Register& reg, CLI::App* gruppe) {
-    std::shared_ptr<Args> a;
-    CLI::App* c = unterbefehl(reg, gruppe, "neu", "Legt einen Filter an", a);
-    pflicht(c, "name", a->name, "Name des Filters");
-    reg.handler(c, [a](Kontext& k) {
-        const long id = k.app.filter().neu(katalogText(a->name));
-        if (id <= 0) return k.fehler(kFehlschlag, "Der Filter konnte nicht angelegt werden.");
-        k.zeile(std::to_string(id));
-        return kFertig;
-    });
-}
-
-void filterUmbenennen(Register& reg, CLI::App* gruppe) {
-    std::shared_ptr<Args> a;
-    CLI::App* c = unterbefehl(reg, gruppe, "umbenennen", "Gibt einem Filter einen neuen Namen", a);
-    pflicht(c, "id", a->id, "ID des Filters");
-    pflicht(c, "name", a->name, "Der neue Name");
-    reg.handler(c, [a](Kontext& k) {
-        long id = 0;
-        if (const int code = filterArgument(k, a->id, id)) return code;
-        if (k.app.filter().umbenenne(id, katalogText(a->name)) != id)
-            return k.fehler(kFehlschlag, "Der Filter konnte nicht umbenannt werden.");
-        return kFertig;
-    });
-}
-
-void filterLoeschen(Register& reg, CLI::App* gruppe) {
-    std::shared_ptr<Args> a;
-    CLI::App* c =
-        unterbefehl(reg, gruppe, "loeschen", "Löscht einen Filter mit allen Einträgen", a);
-    pflicht(c, "id", a->id, "ID des Filters");
-    reg.handler(c, [a](Kontext& k) {
-        long id = 0;
-        if (const int code = filterArgument(k, a->id, id)) return code;
-        auto name = k.app.katalog().FilterName.eine(id);
-        if (!k.benutzer.frage("Löschen", std::string("Filter \"") +
-                                             Tabelle1::zeile(name.get()).cpText +
-                                             "\" wirklich löschen?"))
-            return kFehlschlag;
-        if (!k.app.filter().loesche(id))
-            return k.fehler(kFehlschlag, "Der Filter konnte nicht gelöscht werden.");
-        return kFertig;
-    });
+    return benanntArgument(k, k.dienste().filter(), text, id);
 }
 
 void filterSetzen(Register& reg, CLI::App* gruppe) {
@@ -248,19 +133,11 @@ void filterSetzen(Register& reg, CLI::App* gruppe) {
     reg.handler(c, [a](Kontext& k) {
         long id = 0, typ = 0;
         if (const int code = filterArgument(k, a->id, id)) return code;
-        if (!zahl(a->typ, typ) || typ < 1 || typ > kFilterTypen)
+        if (!zahl(a->typ, typ) || typ < 1 || typ > FilterDienst::kTypen)
             return k.fehler(kNutzung,
                             "Der Filtertyp muss zwischen 1 und 8 liegen: " + katalogText(a->typ));
-        const std::string intern = katalogText(a->intern);
-        const long eintrag =
-            k.app.db().findeLookup(lookupTypVonFilterTyp(static_cast<int>(typ)), intern);
-        if (eintrag <= 0)
-            return k.fehler(kNutzung, "Kein Eintrag \"" + intern + "\" unter \"" +
-                                          filterTypLabel(static_cast<int>(typ)) + "\".");
-        if (!k.app.filter().setzeEintrag(id, static_cast<int>(typ), eintrag,
-                                         katalogText(a->extern_)))
-            return k.fehler(kFehlschlag, "Der Filtereintrag konnte nicht geschrieben werden.");
-        return kFertig;
+        return k.ergebnis(k.dienste().filter().setze(
+            id, static_cast<int>(typ), katalogText(a->intern), katalogText(a->extern_)));
     });
 }
 
@@ -278,10 +155,7 @@ void filterAktiv(Register& reg, CLI::App* gruppe) {
             return k.fehler(kNutzung, "Keine gültige ID: " + katalogText(a->id));
         if (id > 0)
             if (const int code = filterArgument(k, a->id, id)) return code;
-        const ExportArt art = a->art == "xml" ? ExportArt::Xml : ExportArt::BoxDatei;
-        if (!k.app.filter().setzeAktiv(art, id))
-            return k.fehler(kFehlschlag, "Der Filter konnte nicht aktiviert werden.");
-        return kFertig;
+        return k.ergebnis(k.dienste().filter().setzeAktiv(a->art == "xml", id));
     });
 }
 
@@ -289,10 +163,12 @@ void filter(Register& reg) {
     CLI::App* gruppe =
         reg.befehl(reg.wurzel(), "filter", "Filter für die Namen in Box-Dateien und XML");
     gruppe->require_subcommand(1);
-    filterListe(reg, gruppe);
-    filterNeu(reg, gruppe);
-    filterUmbenennen(reg, gruppe);
-    filterLoeschen(reg, gruppe);
+    benannteBefehle(
+        reg, gruppe, [](Kontext& k) -> Benannte& { return k.dienste().filter(); },
+        {"liste", "Zeigt alle Filter", "Legt einen Filter an",
+         "Gibt einem Filter einen neuen Namen", "Löscht einen Filter mit allen Einträgen",
+         "des Filters"},
+        [](Kontext& k, long id) { return k.dienste().filter().loescheMitFrage(id); });
     filterSetzen(reg, gruppe);
     filterAktiv(reg, gruppe);
 }

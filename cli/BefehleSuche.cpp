@@ -1,88 +1,46 @@
 // suchen and suche-speichern: the search engine and search definition files.
+#include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 #include "cli/Objektargumente.h"
-#include "retrieval/SuchDatei.h"
-#include "retrieval/Suche.h"
 
 namespace dv::cli {
 
 namespace {
 
-// OBJEKT KRITERIUM OPERATOR DATEN [VERKNÜPFUNG KRITERIUM OPERATOR DATEN]... as
-// rows; false with a German message on a wrong word or count.
-bool leseZeilen(const std::vector<std::string>& args, KriterienListe& zeilen, std::string& fehler) {
-    if (args.size() < 4 || (args.size() - 4) % 4 != 0) {
-        fehler =
-            "Falscher Aufruf: OBJEKT KRITERIUM OPERATOR DATEN [VERKNÜPFUNG KRITERIUM OPERATOR "
-            "DATEN]...";
-        return false;
-    }
-    std::vector<std::string> a;
-    for (const std::string& s : args) a.push_back(katalogText(s));
-    const int typ = objektTypAusName(a[0]);
-    if (!typ) {
-        fehler = "Unbekanntes Suchobjekt: " + a[0];
-        return false;
-    }
-    // One row from KRITERIUM OPERATOR DATEN at position i.
-    auto zeile = [&](int verknuepfung, std::size_t i) {
-        const int kriterium = kriteriumAusName(typ, a[i]);
-        const int op = operatorAusName(a[i + 1]);
-        if (!kriterium) fehler = "Unbekanntes Kriterium: " + a[i];
-        if (!op) fehler = "Unbekannter Operator: " + a[i + 1];
-        if (!fehler.empty()) return false;
-        zeilen.haengeAn(typ, kriterium, op, verknuepfung, a[i + 2]);
-        return true;
-    };
-    if (!zeile(kVerknuepfungUnd, 1)) return false;
-    for (std::size_t i = 4; i < a.size(); i += 4) {
-        const int verknuepfung = verknuepfungAusName(a[i]);
-        if (!verknuepfung) {
-            fehler = "Unbekannte Verknüpfung: " + a[i];
-            return false;
-        }
-        if (!zeile(verknuepfung, i + 1)) return false;
-    }
-    normalisiere(zeilen);
-    return true;
-}
-
-void gibAus(Kontext& k, Suchergebnis& e, bool json) {
-    loeseAuf(e);
+int gibAus(Kontext& k, const ErgebnisMit<SuchErgebnisWerte>& e, bool json) {
+    if (!e.ok()) return k.ergebnis(e);
     if (!json) {
-        for (const SearchHit* h = e.kopf(); h; h = h->next) {
-            k.zeile(std::string(objektTypName(h->objectType)) + '\t' +
-                    std::to_string(trefferObjektId(*h)) + '\t' + trefferTitel(*h) + '\t' +
-                    h->reason);
-        }
-        k.zeile(e.statusZeile());
-        return;
+        for (const SuchTreffer& t : e->treffer)
+            k.zeile(std::string(SuchDienst::objektName(t.typ)) + '\t' + std::to_string(t.id) +
+                    '\t' + t.titel + '\t' + t.grund);
+        k.zeile(e->status);
+        return kFertig;
     }
     nlohmann::ordered_json doc;
-    doc["objekt"] = objektTypName(e.objektTyp());
+    doc["objekt"] = SuchDienst::objektName(e->objekt);
     doc["treffer"] = nlohmann::ordered_json::array();
-    for (const SearchHit* h = e.kopf(); h; h = h->next) {
-        doc["treffer"].push_back({{"typ", objektTypName(h->objectType)},
-                                  {"id", trefferObjektId(*h)},
-                                  {"titel", cp1252NachUtf8(trefferTitel(*h))},
-                                  {"grund", cp1252NachUtf8(h->reason)}});
+    for (const SuchTreffer& t : e->treffer) {
+        doc["treffer"].push_back({{"typ", SuchDienst::objektName(t.typ)},
+                                  {"id", t.id},
+                                  {"titel", cp1252NachUtf8(t.titel)},
+                                  {"grund", cp1252NachUtf8(t.grund)}});
     }
-    doc["status"] = cp1252NachUtf8(e.statusZeile());
+    doc["status"] = cp1252NachUtf8(e->status);
     std::fputs(doc.dump().c_str(), stdout);
     std::fputc('\n', stdout);
+    return kFertig;
 }
 
-int sucheMit(Kontext& k, KriterienListe& zeilen, bool json) {
-    SuchOptionen o;
-    o.grossKlein = k.app.sucheGrossKlein();
-    Suchergebnis e = suche(k.app.db(), zeilen, o);
-    gibAus(k, e, json);
-    return kFertig;
+// The typed rows as catalogue texts.
+ErgebnisMit<std::vector<SuchZeile>> zeilenAus(const std::vector<std::string>& worte) {
+    std::vector<std::string> texte;
+    for (const std::string& w : worte) texte.push_back(katalogText(w));
+    return SuchDienst::zeilenAusWorten(texte);
 }
 
 struct SuchArgs {
@@ -104,26 +62,18 @@ void registriereSuche(Register& reg) {
                        cp1252NachUtf8("OBJEKT KRITERIUM OPERATOR DATEN [VERKNÜPFUNG KRITERIUM "
                                       "OPERATOR DATEN]..."));
     reg.handler(suchen, [a](Kontext& k) {
-        KriterienListe zeilen;
+        SuchDienst& suche = k.dienste().suche();
         if (!a->datei.empty()) {
             if (!a->zeilen.empty())
                 return k.fehler(kNutzung,
                                 "Falscher Aufruf: --datei und Suchzeilen schließen sich aus.");
-            switch (ladeSuche(k.app.fs(), a->datei, k.app.benutzer(), zeilen)) {
-                case SuchLaden::Geladen:
-                    break;
-                case SuchLaden::Versionsfehler:
-                    return kFehlschlag;
-                case SuchLaden::KeineZeilen:
-                    return k.fehler(kFehlschlag, "Die Datei enthält keine gültige Suchzeile.");
-                case SuchLaden::NichtLesbar:
-                    return nichtGelesen(k, a->datei);
-            }
-            return sucheMit(k, zeilen, a->json);
+            const auto zeilen = suche.ladeDatei(a->datei);
+            if (!zeilen.ok()) return k.ergebnis(zeilen);
+            return gibAus(k, suche.suche(zeilen.wert()), a->json);
         }
-        std::string fehler;
-        if (!leseZeilen(a->zeilen, zeilen, fehler)) return k.fehler(kNutzung, fehler);
-        return sucheMit(k, zeilen, a->json);
+        const auto zeilen = zeilenAus(a->zeilen);
+        if (!zeilen.ok()) return k.ergebnis(zeilen);
+        return gibAus(k, suche.suche(zeilen.wert()), a->json);
     });
 
     auto s = std::make_shared<SuchArgs>();
@@ -136,12 +86,9 @@ void registriereSuche(Register& reg) {
                                     "OPERATOR DATEN]..."))
         ->required();
     reg.handler(speichern, [s](Kontext& k) {
-        KriterienListe zeilen;
-        std::string fehler;
-        if (!leseZeilen(s->zeilen, zeilen, fehler)) return k.fehler(kNutzung, fehler);
-        if (!darfUeberschreiben(k.app.fs(), k.app.benutzer(), s->datei)) return kFehlschlag;
-        if (!speichereSuche(k.app.fs(), s->datei, zeilen)) return nichtGeschrieben(k, s->datei);
-        return kFertig;
+        const auto zeilen = zeilenAus(s->zeilen);
+        if (!zeilen.ok()) return k.ergebnis(zeilen);
+        return k.ergebnis(k.dienste().suche().speichereDatei(s->datei, zeilen.wert()));
     });
 }
 

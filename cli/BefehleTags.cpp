@@ -4,10 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 #include "cli/Objektargumente.h"
-#include "retrieval/Objektzugriff.h"
-#include "retrieval/SuchDatei.h"
 
 namespace dv::cli {
 
@@ -22,7 +20,7 @@ void tagsZeigen(Register& reg, CLI::App* tags) {
         int typ = 0;
         long id = 0;
         if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        for (const std::string& t : k.app.tags().lese(typ, id)) k.zeile(t);
+        for (const std::string& t : k.dienste().tags().lese(typ, id)) k.zeile(t);
         return kFertig;
     });
 }
@@ -40,9 +38,7 @@ void tagsSetzen(Register& reg, CLI::App* tags) {
         if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
         std::vector<std::string> neu;
         for (const std::string& t : a->texte) neu.push_back(katalogText(t));
-        if (!k.app.tags().schreibe(typ, id, neu))
-            return k.fehler(kFehlschlag, "Die Tags konnten nicht geschrieben werden.");
-        return kFertig;
+        return k.ergebnis(k.dienste().tags().setze(typ, id, neu));
     });
 }
 
@@ -56,15 +52,11 @@ void tagsSuchen(Register& reg, CLI::App* tags) {
         const int typ = a->objekt.empty() ? 0 : objektTyp(a->objekt);
         if (!a->objekt.empty() && !typ)
             return k.fehler(kNutzung, "Unbekannter Objekttyp: " + katalogText(a->objekt));
-        const auto treffer = k.app.tags().suche(katalogText(a->text), typ);
-        std::vector<ObjektRef> objekte;
-        for (const TagTreffer& t : treffer) objekte.push_back({t.typ, t.id});
-        const auto titel = objektTitel(k.app.db(), objekte);
-        for (std::size_t i = 0; i < treffer.size(); ++i)
-            k.zeile(std::string(objektTypName(treffer[i].typ)) + '\t' +
-                    std::to_string(treffer[i].id) + '\t' + titel[i].value_or(std::string()) + '\t' +
-                    treffer[i].tag);
-        k.zeile(tagStatus(treffer.size()));
+        const auto funde = k.dienste().tags().suche(katalogText(a->text), typ);
+        for (const TagFund& f : funde)
+            k.zeile(std::string(SuchDienst::objektName(f.typ)) + '\t' + std::to_string(f.id) +
+                    '\t' + f.titel + '\t' + f.tag);
+        k.zeile(TagDienst::status(funde.size()));
         return kFertig;
     });
 }
@@ -78,7 +70,7 @@ void tagsEntfernenAlle(Register& reg, CLI::App* tags) {
         int typ = 0;
         long id = 0;
         if (const int code = objektArgument(k, "box", a->id, typ, id)) return code;
-        return k.app.tags().entferneAlleDerBox(id) ? kFertig : kFehlschlag;
+        return k.ergebnis(k.dienste().tags().entferneAlleDerBox(id));
     });
 }
 
@@ -90,20 +82,17 @@ void registriereTagBefehle(Register& reg) {
     tagsEntfernenAlle(reg, tags);
 }
 
-int stempelArgument(Kontext& k, const std::string& text, Stempel& s) {
-    long id = 0;
+int stempelArgument(Kontext& k, const std::string& text, long& id) {
     if (const int code = idArgument(k, text, id)) return code;
-    if (!k.app.stempeltags().gibtEs(id, &s))
-        return k.fehler(kNutzung, "Kein Stempel-Tag mit der ID " + std::to_string(id) + ".");
-    return kFertig;
+    return k.ergebnis(k.dienste().tags().pruefeStempel(id));
 }
 
 void stempelListe(Register& reg, CLI::App* st) {
     std::shared_ptr<Argumente> a;
     CLI::App* c = unterbefehl(reg, st, "liste", "Zeigt alle Stempel-Tags", a);
     reg.handler(c, [](Kontext& k) {
-        for (const Stempel& s : k.app.stempeltags().liste())
-            k.zeile(std::to_string(s.id) + '\t' + maskeAlsText(s.maske) + '\t' + s.text);
+        for (const StempelWerte& s : k.dienste().tags().stempel())
+            k.zeile(std::to_string(s.id) + '\t' + TagDienst::maskeText(s.maske) + '\t' + s.text);
         return kFertig;
     });
 }
@@ -114,13 +103,12 @@ void stempelNeu(Register& reg, CLI::App* st) {
     pflicht(c, "maske", a->typ, "Objektarten als Buchstaben B, D, F (z. B. BF)");
     pflicht(c, "text", a->text, "Der Text");
     reg.handler(c, [a](Kontext& k) {
-        const int maske = maskeAusText(a->typ);
+        const int maske = TagDienst::maskeAusText(a->typ);
         if (!maske)
             return k.fehler(kNutzung, "Ungültige Maske: " + katalogText(a->typ) + " (B, D, F)");
-        if (a->text.empty()) return k.fehler(kNutzung, "Der Text des Stempel-Tags fehlt.");
-        const long id = k.app.stempeltags().neu(maske, katalogText(a->text));
-        if (id <= 0) return k.fehler(kFehlschlag, "Der Stempel-Tag konnte nicht angelegt werden.");
-        k.zeile(std::to_string(id));
+        const auto id = k.dienste().tags().neuerStempel(maske, katalogText(a->text));
+        if (!id.ok()) return k.ergebnis(id);
+        k.zeile(std::to_string(id.wert()));
         return kFertig;
     });
 }
@@ -130,9 +118,9 @@ void stempelLoeschen(Register& reg, CLI::App* st) {
     CLI::App* c = unterbefehl(reg, st, "loeschen", "Löscht einen Stempel-Tag", a);
     pflicht(c, "id", a->id, "ID des Stempel-Tags");
     reg.handler(c, [a](Kontext& k) {
-        Stempel s;
-        if (const int code = stempelArgument(k, a->id, s)) return code;
-        return k.app.stempeltags().loesche(s.id) ? kFertig : kFehlschlag;
+        long id = 0;
+        if (const int code = stempelArgument(k, a->id, id)) return code;
+        return k.ergebnis(k.dienste().tags().loescheStempel(id));
     });
 }
 
@@ -144,21 +132,12 @@ void stempelAnwenden(Register& reg, CLI::App* st) {
     pflicht(c, "typ", a->typ, "box, dvd oder film");
     pflicht(c, "objekt-id", a->id, "ID des Objekts");
     reg.handler(c, [a](Kontext& k) {
-        Stempel s;
-        if (const int code = stempelArgument(k, a->text, s)) return code;
+        long stempel = 0;
+        if (const int code = stempelArgument(k, a->text, stempel)) return code;
         int typ = 0;
         long id = 0;
         if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        switch (k.app.stempeltags().wendeAn(s.id, typ, id)) {
-            case StempelAnwenden::Hinzugefuegt:
-                return kFertig;
-            case StempelAnwenden::NichtAngeboten:
-                return k.fehler(kFehlschlag,
-                                std::string("Der Stempel-Tag wird für die Objektart ") +
-                                    objektTypName(typ) + " nicht angeboten.");
-            default:
-                return k.fehler(kFehlschlag, "Die Tags konnten nicht geschrieben werden.");
-        }
+        return k.ergebnis(k.dienste().tags().wendeStempelAn(stempel, typ, id));
     });
 }
 
@@ -166,22 +145,16 @@ void stempelExport(Register& reg, CLI::App* st) {
     std::shared_ptr<Argumente> a;
     CLI::App* c = unterbefehl(reg, st, "export", "Schreibt alle Stempel-Tags in eine Datei", a);
     pflicht(c, "datei", a->datei, "Die Datei");
-    reg.handler(c, [a](Kontext& k) {
-        if (!darfUeberschreiben(k.app.fs(), k.app.benutzer(), a->datei)) return kFehlschlag;
-        if (!k.app.stempeltags().exportiere(a->datei)) return nichtGeschrieben(k, a->datei);
-        return kFertig;
-    });
+    reg.handler(
+        c, [a](Kontext& k) { return k.ergebnis(k.dienste().tags().exportiereStempel(a->datei)); });
 }
 
 void stempelImport(Register& reg, CLI::App* st) {
     std::shared_ptr<Argumente> a;
     CLI::App* c = unterbefehl(reg, st, "import", "Legt die Stempel-Tags einer Datei an", a);
     pflicht(c, "datei", a->datei, "Die Datei");
-    reg.handler(c, [a](Kontext& k) {
-        const StempelImport e = k.app.stempeltags().importiere(a->datei);
-        if (!e.gelesen) return nichtGelesen(k, a->datei);
-        return e.versionsfehler ? kFehlschlag : kFertig;
-    });
+    reg.handler(
+        c, [a](Kontext& k) { return k.ergebnis(k.dienste().tags().importiereStempel(a->datei)); });
 }
 
 void registriereStempelBefehle(Register& reg) {

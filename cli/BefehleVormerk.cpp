@@ -1,13 +1,10 @@
 // vormerk: watch lists, their entries, the set operations and watch-list files.
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 #include "cli/Objektargumente.h"
-#include "retrieval/SuchDatei.h"
-#include "retrieval/VormerkDatei.h"
 
 namespace dv::cli {
 
@@ -18,59 +15,26 @@ void posListen(CLI::App* c, const char* name, std::vector<std::string>& ziel) {
 }
 
 // The content view: "Listenname TYP ID Titel" per element, then the status line.
-void zeige(Kontext& k, const std::vector<VormerkElement>& elemente) {
-    std::unordered_map<long, std::string> namen;
-    for (const VormerkListe& l : k.app.vormerklisten().listen()) namen.emplace(l.id, l.name);
-    for (const VormerkElement& e : elemente)
-        k.zeile(namen[e.listeId] + '\t' + objektTypName(e.typ) + '\t' + std::to_string(e.objektId) +
-                '\t' + e.titel);
-    k.zeile(vormerkStatus(elemente.size()));
+int zeige(Kontext& k, const ErgebnisMit<std::vector<VormerkEintrag>>& e) {
+    if (!e.ok()) return k.ergebnis(e);
+    for (const VormerkEintrag& x : e.wert())
+        k.zeile(x.listenName + '\t' + SuchDienst::objektName(x.typ) + '\t' + std::to_string(x.id) +
+                '\t' + x.titel);
+    k.zeile(VormerkDienst::status(e->size()));
+    return kFertig;
 }
 
 void listenBefehle(Register& reg, CLI::App* gruppe) {
-    std::shared_ptr<Argumente> a;
-    CLI::App* c = unterbefehl(reg, gruppe, "listen", "Zeigt alle Vormerklisten", a);
-    reg.handler(c, [](Kontext& k) {
-        for (const VormerkListe& l : k.app.vormerklisten().listen())
-            k.zeile(std::to_string(l.id) + '\t' + l.name);
-        return kFertig;
-    });
-
-    c = unterbefehl(reg, gruppe, "neu", "Legt eine Vormerkliste an", a);
-    pflicht(c, "name", a->name, "Name der Vormerkliste");
-    reg.handler(c, [a](Kontext& k) {
-        const long id = k.app.vormerklisten().neu(katalogText(a->name));
-        if (id <= 0) return k.fehler(kFehlschlag, "Die Vormerkliste konnte nicht angelegt werden.");
-        k.zeile(std::to_string(id));
-        return kFertig;
-    });
-
-    c = unterbefehl(reg, gruppe, "umbenennen", "Gibt einer Vormerkliste einen neuen Namen", a);
-    pflicht(c, "id", a->liste, "ID der Vormerkliste");
-    pflicht(c, "name", a->name, "Neuer Name der Vormerkliste");
-    reg.handler(c, [a](Kontext& k) {
-        long id = 0;
-        if (const int code = listenArgument(k, a->liste, id)) return code;
-        return k.app.vormerklisten().benenneUm(id, katalogText(a->name)) ? kFertig : kFehlschlag;
-    });
-
-    c = unterbefehl(reg, gruppe, "loeschen", "Löscht eine Vormerkliste mit ihren Einträgen", a);
-    pflicht(c, "id", a->liste, "ID der Vormerkliste");
-    reg.handler(c, [a](Kontext& k) {
-        long id = 0;
-        if (const int code = listenArgument(k, a->liste, id)) return code;
-        return k.app.vormerklisten().loesche(id) ? kFertig : kFehlschlag;
-    });
+    benannteBefehle(reg, gruppe, [](Kontext& k) -> Benannte& { return k.dienste().vormerk(); },
+                    {"listen", "Zeigt alle Vormerklisten", "Legt eine Vormerkliste an",
+                     "Gibt einer Vormerkliste einen neuen Namen",
+                     "Löscht eine Vormerkliste mit ihren Einträgen", "der Vormerkliste"});
 }
 
 // LISTE TYP ID of the entry commands; the object must exist.
 int eintragArgumente(Kontext& k, const Argumente& a, long& liste, int& typ, long& id) {
     if (const int code = listenArgument(k, a.liste, liste)) return code;
     return objektArgument(k, a.typ, a.id, typ, id);
-}
-
-int nichtInListe(Kontext& k) {
-    return k.fehler(kFehlschlag, "Das Objekt steht nicht in der Vormerkliste.");
 }
 
 void eintragBefehle(Register& reg, CLI::App* gruppe) {
@@ -93,16 +57,10 @@ void eintragBefehle(Register& reg, CLI::App* gruppe) {
             long liste = 0, id = 0;
             int typ = 0;
             if (const int code = eintragArgumente(k, *a, liste, typ, id)) return code;
-            Vormerklisten& v = k.app.vormerklisten();
-            if (art == 0)
-                return v.fuegeHinzu(liste, typ, id) > 0
-                           ? kFertig
-                           : k.fehler(kFehlschlag, "Das Objekt konnte nicht vorgemerkt werden.");
-            if (art == 1) return v.entferne(liste, typ, id) ? kFertig : nichtInListe(k);
-            if (v.verschiebe(liste, typ, id, art == 2)) return kFertig;
-            if (!v.enthaelt(liste, typ, id)) return nichtInListe(k);
-            return k.fehler(kFehlschlag, art == 2 ? "Das Element steht bereits ganz oben."
-                                                  : "Das Element steht bereits ganz unten.");
+            VormerkDienst& v = k.dienste().vormerk();
+            if (art == 0) return k.ergebnis(v.hinzu(liste, typ, id));
+            if (art == 1) return k.ergebnis(v.entferne(liste, typ, id));
+            return k.ergebnis(v.verschiebe(liste, typ, id, art == 2));
         });
     }
 }
@@ -123,10 +81,9 @@ void kopierBefehle(Register& reg, CLI::App* gruppe) {
             int typ = 0;
             if (const int code = eintragArgumente(k, *a, von, typ, id)) return code;
             if (const int code = listenArgument(k, a->nach, nach)) return code;
-            Vormerklisten& v = k.app.vormerklisten();
-            const bool ok =
-                verschieben ? v.verschiebeNach(von, nach, typ, id) : v.kopiere(von, nach, typ, id);
-            return ok ? kFertig : nichtInListe(k);
+            VormerkDienst& v = k.dienste().vormerk();
+            return k.ergebnis(verschieben ? v.verschiebeNach(von, nach, typ, id)
+                                          : v.kopiere(von, nach, typ, id));
         });
     }
 }
@@ -148,12 +105,11 @@ void inhaltBefehle(Register& reg, CLI::App* gruppe) {
             std::vector<long> ids, gegen;
             if (const int code = listenArgumente(k, a->listen, ids)) return code;
             if (const int code = listenArgumente(k, a->gegen, gegen)) return code;
-            Vormerklisten& v = k.app.vormerklisten();
-            if (art == 0) zeige(k, v.inhalt(ids));
-            if (art == 1) zeige(k, vereinigung(v.inhalt(ids)));
-            if (art == 2) zeige(k, schnitt(v.eintraege(ids, true)));
-            if (art == 3) zeige(k, komplement(v.inhalt(ids), v.inhalt(gegen)));
-            return kFertig;
+            VormerkDienst& v = k.dienste().vormerk();
+            if (art == 0) return zeige(k, v.inhalt(ids));
+            if (art == 1) return zeige(k, v.vereinigung(ids));
+            if (art == 2) return zeige(k, v.schnitt(ids));
+            return zeige(k, v.komplement(ids, gegen));
         });
     }
 }
@@ -167,19 +123,13 @@ void dateiBefehle(Register& reg, CLI::App* gruppe) {
     reg.handler(c, [a](Kontext& k) {
         std::vector<long> ids;
         if (const int code = listenArgumente(k, a->listen, ids)) return code;
-        if (!darfUeberschreiben(k.app.fs(), k.app.benutzer(), a->datei)) return kFehlschlag;
-        if (!exportiereVormerklisten(k.app.db(), ids, a->datei))
-            return nichtGeschrieben(k, a->datei);
-        return kFertig;
+        return k.ergebnis(k.dienste().vormerk().exportiere(a->datei, ids));
     });
 
     c = unterbefehl(reg, gruppe, "import", "Liest die Vormerklisten einer Datei (*.vml) ein", a);
     pflicht(c, "datei", a->datei, "Die Datei");
-    reg.handler(c, [a](Kontext& k) {
-        const VormerkImport e = importiereVormerklisten(k.app.db(), k.app.benutzer(), a->datei);
-        if (!e.gelesen) return nichtGelesen(k, a->datei);
-        return e.versionsfehler || e.fehler > 0 ? kFehlschlag : kFertig;
-    });
+    reg.handler(c,
+                [a](Kontext& k) { return k.ergebnis(k.dienste().vormerk().importiere(a->datei)); });
 }
 
 }  // namespace

@@ -2,13 +2,8 @@
 // fetches the chosen box files into "Updates/" and imports them.
 #include <memory>
 
-#include "base/Optionen.h"
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 #include "cli/Kontext.h"
-#include "domain/Disc.h"
-#include "interchange/Austausch.h"
-#include "platform/Laufwerke.h"
-#include "retrieval/WebImport.h"
 
 namespace dv::cli {
 namespace {
@@ -82,43 +77,18 @@ int webimport(Kontext& k, const WebArgumente& a) {
     std::vector<long> nummern;
     if (!a.auswahl.empty() && !nummernAus(a.auswahl, nummern))
         return k.fehler(kNutzung, "Falsche Auswahl: " + katalogText(a.auswahl));
-    WebImportSuche s;
-    if (a.disc) {
-        DiscQuelle q;
-        q.abbild = a.abbild;
-        if (a.abbild.empty()) q.laufwerk = gespeichertesLaufwerk(k.app.einstellungen());
-        DiscInfo d;
-        const int code = leseDiscInfo(systemLaufwerke(), q, d);
-        if (code != kDiscOk) {
-            meldeDiscFehler(k.benutzer, code, d);
-            return kFehlschlag;
-        }
-        s.SN = d.SN;
-        s.BytesLow = d.BytesLow;
-        s.BytesHigh = d.BytesHigh;
-    } else {
-        s.ean = katalogText(a.ean);
-        s.titel = katalogText(a.titel);
-    }
-
+    WebSuche s;
+    s.url = a.url;
+    s.disc = a.disc;
+    s.abbild = a.abbild;
+    s.ean = katalogText(a.ean);
+    s.titel = katalogText(a.titel);
     AuswahlBenutzer benutzer(k, a, nummern);
-    WebImport wi(k.app.fs(), benutzer, k.app.ordner().updates);
-    Austausch austausch(k.app.db(), k.app.ordner(), k.benutzer, k.app.einstellungen());
-    const std::uint32_t wort = austausch.optionen();
-    wi.grossKlein = (wort & kOptSucheGrossKlein) != 0;  // the search's case switch
-    const WebImportErgebnis e =
-        wi.fuehreAus(a.url.empty() ? importUrl(k.app.einstellungen()) : a.url, s);
-    if (e.code <= 0 && e.dateien.empty()) return kFehlschlag;
-
-    const ImportOptionen optionen = importOptionen(wort);
-    bool alle = e.code > 0;
-    importiereWebDateien(e, [&](const std::string& pfad) {
-        const bool ok = austausch.importiere(pfad, optionen) == ImportErgebnis::Importiert;
-        k.zeile(katalogText(pfad) + (ok ? "\timportiert" : "\tnicht importiert"));
-        alle = alle && ok;
-        return ok;
-    });
-    return alle ? kFertig : kFehlschlag;
+    std::vector<ImportZeile> zeilen;
+    const Ergebnis e = k.dienste().austausch().webimport(s, benutzer, zeilen);
+    for (const ImportZeile& z : zeilen)
+        k.zeile(katalogText(z.pfad) + (z.importiert ? "\timportiert" : "\tnicht importiert"));
+    return k.ergebnis(e);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 
 namespace dv::cli {
 
@@ -29,7 +29,8 @@ int Kontext::ergebnis(const Ergebnis& e) const {
         case Fehlerart::Fehlschlag:
             break;
     }
-    return fehler(kFehlschlag, e.grund());
+    // Without a reason the message has been shown already.
+    return e.grund().empty() ? kFehlschlag : fehler(kFehlschlag, e.grund());
 }
 
 void deutscheHilfe(CLI::App& app) {
@@ -50,6 +51,9 @@ void deutscheHilfe(CLI::App& app) {
 
 CLI::App* Register::befehl(CLI::App* eltern, const std::string& name,
                            const std::string& beschreibung) {
+    // One command per level: once it is chosen, a later word that names another
+    // command (of this level or above) is a text, as in "tags setzen box 1 liste".
+    eltern->require_subcommand(eltern->get_require_subcommand_min(), std::size_t{1});
     CLI::App* c = eltern->add_subcommand(name, cp1252NachUtf8(beschreibung));
     c->group("Befehle");
     deutscheHilfe(*c);

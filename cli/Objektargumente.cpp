@@ -1,21 +1,11 @@
 #include "cli/Objektargumente.h"
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 
 namespace dv::cli {
 
 void pflicht(CLI::App* c, const char* name, std::string& ziel, const char* hilfe) {
     c->add_option(name, ziel, cp1252NachUtf8(hilfe))->required();
-}
-
-int nichtGeschrieben(Kontext& k, const std::string& pfad) {
-    return k.fehler(kFehlschlag,
-                    "Die Datei \"" + katalogText(pfad) + "\" kann nicht geschrieben werden.");
-}
-
-int nichtGelesen(Kontext& k, const std::string& pfad) {
-    return k.fehler(kFehlschlag,
-                    "Die Datei \"" + katalogText(pfad) + "\" kann nicht gelesen werden.");
 }
 
 int idArgument(Kontext& k, const std::string& text, long& id) {
@@ -36,11 +26,13 @@ int objektArgument(Kontext& k, const std::string& typText, const std::string& id
     return kFertig;
 }
 
-int listenArgument(Kontext& k, const std::string& text, long& id) {
+int benanntArgument(Kontext& k, Benannte& dienst, const std::string& text, long& id) {
     if (const int code = idArgument(k, text, id)) return code;
-    if (!k.app.vormerklisten().gibtEs(id))
-        return k.fehler(kNutzung, "Keine Vormerkliste mit der ID " + std::to_string(id) + ".");
-    return kFertig;
+    return k.ergebnis(dienst.pruefe(id));
+}
+
+int listenArgument(Kontext& k, const std::string& text, long& id) {
+    return benanntArgument(k, k.dienste().vormerk(), text, id);
 }
 
 int listenArgumente(Kontext& k, const std::vector<std::string>& texte, std::vector<long>& ids) {
@@ -50,6 +42,45 @@ int listenArgumente(Kontext& k, const std::vector<std::string>& texte, std::vect
         ids.push_back(id);
     }
     return kFertig;
+}
+
+void benannteBefehle(Register& reg, CLI::App* gruppe, BenannteWahl dienst,
+                     const BenannteBefehle& texte,
+                     std::function<Ergebnis(Kontext&, long)> loesche) {
+    std::shared_ptr<Argumente> a;
+    CLI::App* c = unterbefehl(reg, gruppe, texte.liste, texte.listeText, a);
+    reg.handler(c, [dienst](Kontext& k) {
+        for (const Benannt& b : dienst(k).liste()) k.zeile(std::to_string(b.id) + '\t' + b.name);
+        return kFertig;
+    });
+
+    const std::string name = std::string("Name ") + texte.genitiv;
+    const std::string id = std::string("ID ") + texte.genitiv;
+    c = unterbefehl(reg, gruppe, "neu", texte.neuText, a);
+    pflicht(c, "name", a->name, name.c_str());
+    reg.handler(c, [a, dienst](Kontext& k) {
+        const auto neu = dienst(k).neu(katalogText(a->name));
+        if (!neu.ok()) return k.ergebnis(neu);
+        k.zeile(std::to_string(neu.wert()));
+        return kFertig;
+    });
+
+    c = unterbefehl(reg, gruppe, "umbenennen", texte.umbenennenText, a);
+    pflicht(c, "id", a->id, id.c_str());
+    pflicht(c, "name", a->name, ("Neuer " + name).c_str());
+    reg.handler(c, [a, dienst](Kontext& k) {
+        long nummer = 0;
+        if (const int code = benanntArgument(k, dienst(k), a->id, nummer)) return code;
+        return k.ergebnis(dienst(k).umbenennen(nummer, katalogText(a->name)));
+    });
+
+    c = unterbefehl(reg, gruppe, "loeschen", texte.loeschenText, a);
+    pflicht(c, "id", a->id, id.c_str());
+    reg.handler(c, [a, dienst, loesche](Kontext& k) {
+        long nummer = 0;
+        if (const int code = benanntArgument(k, dienst(k), a->id, nummer)) return code;
+        return k.ergebnis(loesche ? loesche(k, nummer) : dienst(k).loesche(nummer));
+    });
 }
 
 }  // namespace dv::cli

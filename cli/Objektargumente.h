@@ -27,18 +27,33 @@ CLI::App* unterbefehl(Register& reg, CLI::App* eltern, const char* name, const c
 // A required positional word with a German help text.
 void pflicht(CLI::App* c, const char* name, std::string& ziel, const char* hilfe);
 
+// The commands that list, create, rename and delete named things (watch lists,
+// filters) in the same way: LISTE, neu NAME (prints the id), umbenennen ID NAME,
+// loeschen ID.
+struct BenannteBefehle {
+    const char* liste;      // the list command's name ("listen", "liste")
+    const char* listeText;  // its description
+    const char* neuText;    // descriptions of neu, umbenennen, loeschen
+    const char* umbenennenText;
+    const char* loeschenText;
+    const char* genitiv;  // "der Vormerkliste", "des Filters"
+};
+using BenannteWahl = std::function<Benannte&(Kontext&)>;
+// loesche: the delete (with its question); empty: Benannte::loesche.
+void benannteBefehle(Register& reg, CLI::App* gruppe, BenannteWahl dienst,
+                     const BenannteBefehle& texte,
+                     std::function<Ergebnis(Kontext&, long)> loesche = {});
+
 // TYP and ID of an existing box, DVD or film. Returns kFertig or the exit code
 // after the message.
 int objektArgument(Kontext& k, const std::string& typText, const std::string& idText, int& typ,
                    long& id);
 // The id of an existing watch list.
 int listenArgument(Kontext& k, const std::string& text, long& id);
+// The id of an existing named thing.
+int benanntArgument(Kontext& k, Benannte& dienst, const std::string& text, long& id);
 // Several watch lists in the order given.
 int listenArgumente(Kontext& k, const std::vector<std::string>& texte, std::vector<long>& ids);
-// "Die Datei "..." kann nicht geschrieben werden." / "... gelesen werden." with
-// exit code 1.
-int nichtGeschrieben(Kontext& k, const std::string& pfad);
-int nichtGelesen(Kontext& k, const std::string& pfad);
 // A positive record id (existence is the caller's check).
 int idArgument(Kontext& k, const std::string& text, long& id);
 

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "base/Zeichensatz.h"
+#include "app/Zeichensatz.h"
 
 namespace dv::cli {
 

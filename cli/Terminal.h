@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "base/Benutzer.h"
+#include "app/Benutzer.h"
 
 namespace dv::cli {
 

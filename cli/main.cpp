@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "base/Zeichensatz.h"
+#include "app/Programm.h"
+#include "app/Zeichensatz.h"
 #include "cli/Kontext.h"
-#include "platform/Dateisystem.h"
 
 using namespace dv;
 using namespace dv::cli;
@@ -91,10 +91,8 @@ int main(int argc, char** argv) {
     CApplikation app(benutzer, einstellungen);
     Kontext kontext{app, benutzer};
     const std::string ordner = bestimmeProgrammOrdner(basis, programmDateiOrdner());
-    if (!app.starte(ordner, trace)) {
-        return kontext.fehler(kFehlschlag, "Der Programmordner \"" + katalogText(ordner) +
-                                               "\" kann nicht angelegt werden.");
-    }
+    if (const Ergebnis start = app.starte(ordner, trace); !start.ok())
+        return kontext.ergebnis(start);
     if (reg.brauchtVersionspruefung(befehl) && !app.pruefeDatenversion()) return kVersion;
     return (*handler)(kontext);
 }

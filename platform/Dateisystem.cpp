@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -161,6 +162,12 @@ class PosixDateisystem final : public Dateisystem {
 Dateisystem& echtesDateisystem() {
     static PosixDateisystem fs;
     return fs;
+}
+
+std::int64_t freierPlatz(const std::string& ordner) {
+    struct statvfs s {};
+    if (::statvfs(ordner.c_str(), &s) != 0) return -1;
+    return static_cast<std::int64_t>(s.f_bavail) * static_cast<std::int64_t>(s.f_frsize);
 }
 
 bool leseAlles(Dateisystem& fs, const std::string& pfad, std::string& out) {

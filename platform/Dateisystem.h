@@ -75,6 +75,10 @@ Dateisystem& echtesDateisystem();
 // system does not tell (the portable program folder is looked for there).
 std::string programmDateiOrdner();
 
+// Bytes free for this user on the medium that holds the folder; -1 when the
+// system does not tell.
+std::int64_t freierPlatz(const std::string& ordner);
+
 // Whole-file helpers on top of the interface.
 // Reads the whole file into out; false if it cannot be opened or read completely.
 bool leseAlles(Dateisystem& fs, const std::string& pfad, std::string& out);

@@ -42,6 +42,8 @@ std::string systemFehlerText(int nummer) {
             return "Der Dateiname ist zu lang.";
         case EROFS:
             return "Der Datenträger ist schreibgeschützt.";
+        case ENOSPC:
+            return "Auf dem Datenträger ist nicht genügend Speicherplatz verfügbar.";
         default:
             break;
     }

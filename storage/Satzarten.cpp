@@ -401,7 +401,7 @@ TabelleVersion::TabelleVersion(SpeicherUmgebung& u, std::string name)
 }
 
 bool TabelleVersion::lese(DatenVersionSatz& v) {
-    auto datei = open();
+    auto datei = open(OeffnenModus::Lesen);
     if (!datei) return false;
     unsigned char satz[kGroesse];
     if (datei->lese(0, satz, kGroesse) != kGroesse) return false;

@@ -50,9 +50,9 @@ bool Tabelle::create() {
     return false;
 }
 
-std::unique_ptr<Datei> Tabelle::open() {
+std::unique_ptr<Datei> Tabelle::open(OeffnenModus modus) {
     int fehler = 0;
-    auto datei = umgebung_.fs->oeffne(pfad(), OeffnenModus::LesenSchreiben, &fehler);
+    auto datei = umgebung_.fs->oeffne(pfad(), modus, &fehler);
     if (!datei) {
         letzterFehler_ = std::to_string(fehler);
         DV_TRACE(trace(), kTraceTabelle, "Error [%s]", letzterFehler_.c_str());
@@ -66,7 +66,7 @@ long Tabelle::init() {
     freiKopf_ = 0;
     anzahl_ = 0;
     stand_ = umgebung_.laufend.tabellenStand;
-    auto datei = open();
+    auto datei = open(OeffnenModus::Lesen);
     if (!datei) return 0;
     const std::int64_t laenge = datei->laenge();
     if (laenge < 0) return 0;
@@ -203,7 +203,7 @@ bool Tabelle::remove(long id, bool reinit) {
 
 bool Tabelle::leseSlot(long id, std::vector<unsigned char>& satz) {
     if (id <= 0) return false;
-    auto datei = open();
+    auto datei = open(OeffnenModus::Lesen);
     if (!datei) return false;
     const unsigned groesse = getRecordSize();
     const std::int64_t laenge = datei->laenge();

@@ -95,8 +95,10 @@ class Tabelle {
 
     // Makes sure the file exists. True if it existed or was created.
     bool create();
-    // Opens the file read/write without creating it; null on failure (logged).
-    std::unique_ptr<Datei> open();
+    // Opens the file without creating it, read/write unless a read is all the
+    // caller does (so that a read-only medium can still be read); null on failure
+    // (logged).
+    std::unique_ptr<Datei> open(OeffnenModus modus = OeffnenModus::LesenSchreiben);
 
     virtual unsigned getRecordSize() const = 0;
     // Rebuilds the free slot list and the live count; returns the id that the
@@ -207,7 +209,7 @@ bool Tabelle::durchlaufe(Datei& datei, F&& f) {
 
 template <class F>
 bool Tabelle::scanneRoh(F&& f) {
-    auto datei = open();
+    auto datei = open(OeffnenModus::Lesen);
     if (!datei) return false;
     return durchlaufe(*datei, [&](long id, std::uint32_t wort, const unsigned char* satz) {
         if (wort & kLebendBit) f(id, satz + 4);

@@ -7,7 +7,7 @@
 
 #include <QPointer>
 
-#include "base/Benutzer.h"
+#include "app/Benutzer.h"
 
 class QWidget;
 

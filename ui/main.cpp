@@ -11,10 +11,8 @@
 #include <thread>
 
 #include "app/CApplikation.h"
+#include "app/Programm.h"
 #include "app/Zeichensatz.h"
-#include "platform/Dateisystem.h"
-#include "platform/Einzelinstanz.h"
-#include "platform/Speicher.h"
 #include "ui/CDorvanoDlg.h"
 #include "ui/QtBenutzer.h"
 #include "ui/Uebergabe.h"
@@ -86,11 +84,8 @@ int main(int argc, char** argv) {
     if (parser.isSet(trace)) maske = parser.value(trace).toUInt();
     const std::string ordner =
         bestimmeProgrammOrdner(parser.value(basis).toStdString(), programmDateiOrdner());
-    if (!app.starte(ordner, maske)) {
-        benutzer.meldung("Fehler...",
-                         "Der Programmordner \"" + ausQString(QString::fromStdString(ordner)) +
-                             "\" kann nicht angelegt werden.",
-                         Symbol::Fehler);
+    if (const Ergebnis start = app.starte(ordner, maske); !start.ok()) {
+        benutzer.meldung("Fehler...", start.grund(), Symbol::Fehler);
         return 1;
     }
     if (parser.isSet(zuruecksetzen)) app.setzeFensterpositionZurueck();

@@ -51,8 +51,8 @@ bool FehlerDateisystem::naechsterSchreibvorgangScheitert() {
 
 std::unique_ptr<Datei> FehlerDateisystem::oeffne(const std::string& pfad, OeffnenModus modus,
                                                  int* fehler) {
-    if (gesperrt(pfad)) {
-        if (fehler) *fehler = EACCES;
+    if (gesperrt(pfad) || (nurLesen && modus != OeffnenModus::Lesen)) {
+        if (fehler) *fehler = gesperrt(pfad) ? EACCES : EROFS;
         return nullptr;
     }
     if (modus == OeffnenModus::Erzeugen) veraendere();
@@ -62,21 +62,22 @@ std::unique_ptr<Datei> FehlerDateisystem::oeffne(const std::string& pfad, Oeffne
 }
 
 bool FehlerDateisystem::erzeugeOrdner(const std::string& p) {
+    if (nurLesen) return echt().istOrdner(p);
     return !gesperrt(p) && echt().erzeugeOrdner(p);
 }
 bool FehlerDateisystem::loesche(const std::string& p) {
-    if (gesperrt(p)) return false;
+    if (nurLesen || gesperrt(p)) return false;
     veraendere();
     return echt().loesche(p);
 }
 bool FehlerDateisystem::kopiere(const std::string& von, const std::string& nach) {
-    if (gesperrt(von) || gesperrt(nach)) return false;
+    if (nurLesen || gesperrt(von) || gesperrt(nach)) return false;
     veraendere();
     if (naechsterSchreibvorgangScheitert()) return false;
     return echt().kopiere(von, nach);
 }
 bool FehlerDateisystem::benenneUm(const std::string& von, const std::string& nach) {
-    if (gesperrt(von) || gesperrt(nach)) return false;
+    if (nurLesen || gesperrt(von) || gesperrt(nach)) return false;
     veraendere();
     return echt().benenneUm(von, nach);
 }

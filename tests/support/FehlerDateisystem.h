@@ -16,6 +16,9 @@ class FehlerDateisystem : public Dateisystem {
     bool zerreissen = false;
     // Every open of a path containing this text fails (empty: none).
     std::string sperre;
+    // A read-only medium: opening for writing, creating, deleting and renaming
+    // fail (EROFS); reading works.
+    bool nurLesen = false;
     int schreibvorgaenge = 0;
     // A crash: the process is killed (SIGKILL) at this change of a file, counted
     // from 1 over writes, cuts, removals, renames, copies and creations; a write
