@@ -117,9 +117,7 @@ Ergebnis AustauschDienst::xmlDatei(int typ, long id, bool cover, bool unterobjek
                                    const std::string& datei) {
     const auto dokument = xml(typ, id, cover, unterobjekte);
     DV_PRUEFE(dokument);
-    if (!schreibeAlles(app_.fs(), datei, dokument.wert()))
-        return Ergebnis::fehlschlag(
-            formatiere("Die Datei \"%s\" kann nicht geschrieben werden.", pfadText(datei).c_str()));
+    if (!schreibeAlles(app_.fs(), datei, dokument.wert())) return dateiNichtSchreibbar(datei);
     return Ergebnis::gut();
 }
 

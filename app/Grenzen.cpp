@@ -17,6 +17,16 @@ std::string pfadText(const std::string& pfad) {
     return text;
 }
 
+Ergebnis dateiNichtLesbar(const std::string& pfad) {
+    return Ergebnis::fehlschlag(
+        formatiere("Die Datei \"%s\" kann nicht gelesen werden.", pfadText(pfad).c_str()));
+}
+
+Ergebnis dateiNichtSchreibbar(const std::string& pfad) {
+    return Ergebnis::fehlschlag(
+        formatiere("Die Datei \"%s\" kann nicht geschrieben werden.", pfadText(pfad).c_str()));
+}
+
 Ergebnis pruefeZahl(long wert, long von, long bis, const char* was) {
     if (wert >= von && wert <= bis) return Ergebnis::gut();
     return Ergebnis::eingabe(formatiere("%s muss zwischen %ld und %ld liegen.", was, von, bis));

@@ -22,6 +22,11 @@ Ergebnis pruefeText(const std::string& text, std::size_t max, const char* was);
 // characters the code page cannot hold become '?'.
 std::string pfadText(const std::string& pfad);
 
+// The failures "Die Datei \"<pfad>\" kann nicht gelesen werden." and "... nicht
+// geschrieben werden.".
+Ergebnis dateiNichtLesbar(const std::string& pfad);
+Ergebnis dateiNichtSchreibbar(const std::string& pfad);
+
 // Refuses a number outside [von, bis]: "<was> muss zwischen <von> und <bis> liegen.".
 Ergebnis pruefeZahl(long wert, long von, long bis, const char* was);
 

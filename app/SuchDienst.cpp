@@ -91,8 +91,7 @@ ErgebnisMit<std::vector<SuchZeile>> SuchDienst::ladeDatei(const std::string& dat
         case SuchLaden::NichtLesbar:
             break;
     }
-    return Ergebnis::fehlschlag(
-        formatiere("Die Datei \"%s\" kann nicht gelesen werden.", pfadText(datei).c_str()));
+    return dateiNichtLesbar(datei);
 }
 
 Ergebnis SuchDienst::speichereDatei(const std::string& datei,
@@ -100,9 +99,7 @@ Ergebnis SuchDienst::speichereDatei(const std::string& datei,
     DV_PRUEFE(pruefeZeilen(zeilen));
     if (!darfUeberschreiben(app_.fs(), app_.benutzer(), datei)) return Ergebnis::abgelehnt();
     KriterienListe l = alsListe(zeilen);
-    if (!speichereSuche(app_.fs(), datei, l))
-        return Ergebnis::fehlschlag(
-            formatiere("Die Datei \"%s\" kann nicht geschrieben werden.", pfadText(datei).c_str()));
+    if (!speichereSuche(app_.fs(), datei, l)) return dateiNichtSchreibbar(datei);
     return Ergebnis::gut();
 }
 

@@ -156,9 +156,7 @@ Ergebnis TagDienst::wendeStempelAn(long stempelId, int typ, long id) {
 
 Ergebnis TagDienst::exportiereStempel(const std::string& datei) {
     if (!darfUeberschreiben(app_.fs(), app_.benutzer(), datei)) return Ergebnis::abgelehnt();
-    if (!app_.stempeltags().exportiere(datei))
-        return Ergebnis::fehlschlag(
-            formatiere("Die Datei \"%s\" kann nicht geschrieben werden.", pfadText(datei).c_str()));
+    if (!app_.stempeltags().exportiere(datei)) return dateiNichtSchreibbar(datei);
     return Ergebnis::gut();
 }
 
@@ -166,9 +164,7 @@ Ergebnis TagDienst::importiereStempel(const std::string& datei) {
     bool versionsfehler = false;
     DV_PRUEFE(app_.schreibstelle().schreibe([&](std::vector<Aenderung>& m) {
         const StempelImport e = app_.stempeltags().importiere(datei);
-        if (!e.gelesen)
-            return Ergebnis::fehlschlag(
-                formatiere("Die Datei \"%s\" kann nicht gelesen werden.", pfadText(datei).c_str()));
+        if (!e.gelesen) return dateiNichtLesbar(datei);
         if (e.angelegt > 0) m.push_back({AenderungsArt::Alles, AenderungsTyp::Stempeltag, 0, 0, 0});
         versionsfehler = e.versionsfehler;
         return Ergebnis::gut();

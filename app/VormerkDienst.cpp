@@ -162,9 +162,7 @@ std::string VormerkDienst::alsText(const std::vector<VormerkEintrag>& eintraege)
 Ergebnis VormerkDienst::exportiere(const std::string& datei, const std::vector<long>& listen) {
     DV_PRUEFE(pruefeAlle(listen));
     if (!darfUeberschreiben(app_.fs(), app_.benutzer(), datei)) return Ergebnis::abgelehnt();
-    if (!exportiereVormerklisten(app_.db(), listen, datei))
-        return Ergebnis::fehlschlag(
-            formatiere("Die Datei \"%s\" kann nicht geschrieben werden.", pfadText(datei).c_str()));
+    if (!exportiereVormerklisten(app_.db(), listen, datei)) return dateiNichtSchreibbar(datei);
     return Ergebnis::gut();
 }
 
@@ -172,9 +170,7 @@ Ergebnis VormerkDienst::importiere(const std::string& datei) {
     bool unvollstaendig = false;
     DV_PRUEFE(app_.schreibstelle().schreibe([&](std::vector<Aenderung>& m) {
         const VormerkImport e = importiereVormerklisten(app_.db(), app_.benutzer(), datei);
-        if (!e.gelesen)
-            return Ergebnis::fehlschlag(
-                formatiere("Die Datei \"%s\" kann nicht gelesen werden.", pfadText(datei).c_str()));
+        if (!e.gelesen) return dateiNichtLesbar(datei);
         if (e.listen > 0) m.push_back({AenderungsArt::Alles, AenderungsTyp::Vormerkliste, 0, 0, 0});
         unvollstaendig = e.versionsfehler || e.fehler > 0;
         return Ergebnis::gut();

@@ -92,8 +92,7 @@ void xml(Register& reg) {
     std::shared_ptr<Args> a;
     CLI::App* c =
         unterbefehl(reg, reg.wurzel(), "xml", "Gibt das XML-Dokument eines Objekts aus", a);
-    pflicht(c, "typ", a->typ, "box, dvd oder film");
-    pflicht(c, "id", a->id, "ID des Objekts");
+    objektWorte(c, a->typ, a->id);
     schalter(c, "--cover", a->cover, "Das Cover einer Box einbetten");
     schalter(c, "--unterobjekte", a->unterobjekte,
              "Eine Box mit ihren DVDs, eine DVD mit ihren Filmen");

@@ -70,18 +70,15 @@ void lesen(Register& reg) {
                         info ? "Zeigt den Informationstext eines Objekts"
                              : "Zeigt die Gesamtspieldauer eines Objekts",
                         a);
-        pflicht(c, "typ", a->typ, "box, dvd oder film");
-        pflicht(c, "id", a->id, "ID des Objekts");
-        reg.handler(c, [a, info](Kontext& k) {
-            int typ = 0;
-            long id = 0;
-            if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-            KatalogDienst& katalog = k.dienste().katalog();
-            const auto text = info ? katalog.info(typ, id) : katalog.spieldauer(typ, id);
-            if (!text.ok()) return k.ergebnis(text);
-            zeilen(k, text.wert());
-            return kFertig;
-        });
+        objektWorte(c, a->typ, a->id);
+        reg.handler(c, mitObjekt(a, [info](Kontext& k, int typ, long id) {
+                        KatalogDienst& katalog = k.dienste().katalog();
+                        const auto text =
+                            info ? katalog.info(typ, id) : katalog.spieldauer(typ, id);
+                        if (!text.ok()) return k.ergebnis(text);
+                        zeilen(k, text.wert());
+                        return kFertig;
+                    }));
     }
 }
 
@@ -129,10 +126,7 @@ void neuDvd(Register& reg, CLI::App* neu) {
         w.laenge = a->laenge;
         w.rc = static_cast<unsigned>(a->rc);
         w.format.name = katalogText(a->format);
-        const auto id = k.dienste().objekte().neueDvd(box, w);
-        if (!id.ok()) return k.ergebnis(id);
-        k.zeile(std::to_string(id.wert()));
-        return kFertig;
+        return k.neueId(k.dienste().objekte().neueDvd(box, w));
     });
 }
 
@@ -153,10 +147,7 @@ void neuFilm(Register& reg, CLI::App* neu) {
         w.jahr = a->jahr;
         w.fsk = a->fsk;
         w.laenge = a->laenge;
-        const auto id = k.dienste().objekte().neuerFilm(dvd, w);
-        if (!id.ok()) return k.ergebnis(id);
-        k.zeile(std::to_string(id.wert()));
-        return kFertig;
+        return k.neueId(k.dienste().objekte().neuerFilm(dvd, w));
     });
 }
 
@@ -166,14 +157,10 @@ void aendern(Register& reg) {
     std::shared_ptr<Args> a;
     CLI::App* c = unterbefehl(reg, reg.wurzel(), "loeschen",
                               "Löscht ein Objekt mit allem, was daran hängt (nach Rückfrage)", a);
-    pflicht(c, "typ", a->typ, "box, dvd oder film");
-    pflicht(c, "id", a->id, "ID des Objekts");
-    reg.handler(c, [a](Kontext& k) {
-        int typ = 0;
-        long id = 0;
-        if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        return k.ergebnis(k.dienste().objekte().loescheMitFrage(typ, id));
-    });
+    objektWorte(c, a->typ, a->id);
+    reg.handler(c, mitObjekt(a, [](Kontext& k, int typ, long id) {
+                    return k.ergebnis(k.dienste().objekte().loescheMitFrage(typ, id));
+                }));
 
     for (const bool hoch : {true, false}) {
         c = unterbefehl(
@@ -183,12 +170,9 @@ void aendern(Register& reg) {
             a);
         pflicht(c, "typ", a->typ, "dvd oder film");
         pflicht(c, "id", a->id, "ID der DVD oder des Films");
-        reg.handler(c, [a, hoch](Kontext& k) {
-            int typ = 0;
-            long id = 0;
-            if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-            return k.ergebnis(k.dienste().objekte().verschiebe(typ, id, hoch));
-        });
+        reg.handler(c, mitObjekt(a, [hoch](Kontext& k, int typ, long id) {
+                        return k.ergebnis(k.dienste().objekte().verschiebe(typ, id, hoch));
+                    }));
     }
 
     c = unterbefehl(reg, reg.wurzel(), "kopieren",
@@ -197,16 +181,11 @@ void aendern(Register& reg) {
     pflicht(c, "typ", a->typ, "dvd oder film");
     pflicht(c, "id", a->id, "ID der DVD oder des Films");
     pflicht(c, "ziel-id", a->ziel, "ID der Ziel-Box (für eine DVD) oder Ziel-DVD (für einen Film)");
-    reg.handler(c, [a](Kontext& k) {
-        int typ = 0;
-        long id = 0, ziel = 0;
-        if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        if (const int code = idArgument(k, a->ziel, ziel)) return code;
-        const auto neu = k.dienste().objekte().kopiere(typ, id, ziel);
-        if (!neu.ok()) return k.ergebnis(neu);
-        k.zeile(std::to_string(neu.wert()));
-        return kFertig;
-    });
+    reg.handler(c, mitObjekt(a, [a](Kontext& k, int typ, long id) {
+                    long ziel = 0;
+                    if (const int code = idArgument(k, a->ziel, ziel)) return code;
+                    return k.neueId(k.dienste().objekte().kopiere(typ, id, ziel));
+                }));
 }
 
 }  // namespace

@@ -14,32 +14,24 @@ namespace {
 void tagsZeigen(Register& reg, CLI::App* tags) {
     std::shared_ptr<Argumente> a;
     CLI::App* c = unterbefehl(reg, tags, "zeigen", "Zeigt die Tags eines Objekts", a);
-    pflicht(c, "typ", a->typ, "box, dvd oder film");
-    pflicht(c, "id", a->id, "ID des Objekts");
-    reg.handler(c, [a](Kontext& k) {
-        int typ = 0;
-        long id = 0;
-        if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        for (const std::string& t : k.dienste().tags().lese(typ, id)) k.zeile(t);
-        return kFertig;
-    });
+    objektWorte(c, a->typ, a->id);
+    reg.handler(c, mitObjekt(a, [](Kontext& k, int typ, long id) {
+                    for (const std::string& t : k.dienste().tags().lese(typ, id)) k.zeile(t);
+                    return kFertig;
+                }));
 }
 
 void tagsSetzen(Register& reg, CLI::App* tags) {
     std::shared_ptr<Argumente> a;
     CLI::App* c = unterbefehl(reg, tags, "setzen",
                               "Ersetzt die Tags eines Objekts (ohne TEXT: alle entfernen)", a);
-    pflicht(c, "typ", a->typ, "box, dvd oder film");
-    pflicht(c, "id", a->id, "ID des Objekts");
+    objektWorte(c, a->typ, a->id);
     c->add_option("text", a->texte, cp1252NachUtf8("Die Tags, je ein Argument"));
-    reg.handler(c, [a](Kontext& k) {
-        int typ = 0;
-        long id = 0;
-        if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
-        std::vector<std::string> neu;
-        for (const std::string& t : a->texte) neu.push_back(katalogText(t));
-        return k.ergebnis(k.dienste().tags().setze(typ, id, neu));
-    });
+    reg.handler(c, mitObjekt(a, [a](Kontext& k, int typ, long id) {
+                    std::vector<std::string> neu;
+                    for (const std::string& t : a->texte) neu.push_back(katalogText(t));
+                    return k.ergebnis(k.dienste().tags().setze(typ, id, neu));
+                }));
 }
 
 void tagsSuchen(Register& reg, CLI::App* tags) {
@@ -106,10 +98,7 @@ void stempelNeu(Register& reg, CLI::App* st) {
         const int maske = TagDienst::maskeAusText(a->typ);
         if (!maske)
             return k.fehler(kNutzung, "Ungültige Maske: " + katalogText(a->typ) + " (B, D, F)");
-        const auto id = k.dienste().tags().neuerStempel(maske, katalogText(a->text));
-        if (!id.ok()) return k.ergebnis(id);
-        k.zeile(std::to_string(id.wert()));
-        return kFertig;
+        return k.neueId(k.dienste().tags().neuerStempel(maske, katalogText(a->text)));
     });
 }
 

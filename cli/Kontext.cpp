@@ -18,6 +18,11 @@ int Kontext::fehler(int code, const std::string& cp1252) const {
     return code;
 }
 
+int Kontext::neueId(const ErgebnisMit<long>& e) const {
+    if (e.ok()) zeile(std::to_string(e.wert()));
+    return ergebnis(e);
+}
+
 int Kontext::ergebnis(const Ergebnis& e) const {
     switch (e.art()) {
         case Fehlerart::Keiner:

@@ -37,6 +37,8 @@ struct Kontext {
     // The exit code of a service's answer, its reason printed: kFertig when done,
     // kNutzung for wrong input, kFehlschlag for a failure or a question answered No.
     int ergebnis(const Ergebnis& e) const;
+    // As ergebnis(); when done, the id of what was made is printed.
+    int neueId(const ErgebnisMit<long>& e) const;
     Dienste& dienste() const { return app.dienste(); }
 };
 

@@ -8,6 +8,11 @@ void pflicht(CLI::App* c, const char* name, std::string& ziel, const char* hilfe
     c->add_option(name, ziel, cp1252NachUtf8(hilfe))->required();
 }
 
+void objektWorte(CLI::App* c, std::string& typ, std::string& id) {
+    pflicht(c, "typ", typ, "box, dvd oder film");
+    pflicht(c, "id", id, "ID des Objekts");
+}
+
 int idArgument(Kontext& k, const std::string& text, long& id) {
     if (!zahl(text, id) || id <= 0)
         return k.fehler(kNutzung, "Keine gültige ID: " + katalogText(text));
@@ -58,12 +63,8 @@ void benannteBefehle(Register& reg, CLI::App* gruppe, BenannteWahl dienst,
     const std::string id = std::string("ID ") + texte.genitiv;
     c = unterbefehl(reg, gruppe, "neu", texte.neuText, a);
     pflicht(c, "name", a->name, name.c_str());
-    reg.handler(c, [a, dienst](Kontext& k) {
-        const auto neu = dienst(k).neu(katalogText(a->name));
-        if (!neu.ok()) return k.ergebnis(neu);
-        k.zeile(std::to_string(neu.wert()));
-        return kFertig;
-    });
+    reg.handler(c,
+                [a, dienst](Kontext& k) { return k.neueId(dienst(k).neu(katalogText(a->name))); });
 
     c = unterbefehl(reg, gruppe, "umbenennen", texte.umbenennenText, a);
     pflicht(c, "id", a->id, id.c_str());

@@ -26,6 +26,8 @@ CLI::App* unterbefehl(Register& reg, CLI::App* eltern, const char* name, const c
 }
 // A required positional word with a German help text.
 void pflicht(CLI::App* c, const char* name, std::string& ziel, const char* hilfe);
+// The two required words TYP and ID that name a box, DVD or film.
+void objektWorte(CLI::App* c, std::string& typ, std::string& id);
 
 // The commands that list, create, rename and delete named things (watch lists,
 // filters) in the same way: LISTE, neu NAME (prints the id), umbenennen ID NAME,
@@ -48,6 +50,17 @@ void benannteBefehle(Register& reg, CLI::App* gruppe, BenannteWahl dienst,
 // after the message.
 int objektArgument(Kontext& k, const std::string& typText, const std::string& idText, int& typ,
                    long& id);
+// A handler for a command on one existing object: a (with its words typ and id)
+// is checked first, then tu(k, typ, id) runs.
+template <class A, class F>
+Handler mitObjekt(std::shared_ptr<A> a, F tu) {
+    return [a, tu](Kontext& k) {
+        int typ = 0;
+        long id = 0;
+        if (const int code = objektArgument(k, a->typ, a->id, typ, id)) return code;
+        return tu(k, typ, id);
+    };
+}
 // The id of an existing watch list.
 int listenArgument(Kontext& k, const std::string& text, long& id);
 // The id of an existing named thing.
