@@ -63,7 +63,9 @@ std::vector<SuchZeile> SuchDienst::normalisiert(const std::vector<SuchZeile>& ze
 
 ErgebnisMit<SuchErgebnisWerte> SuchDienst::suche(const std::vector<SuchZeile>& zeilen) {
     DV_PRUEFE(pruefeZeilen(zeilen));
-    const KriterienListe l = alsListe(zeilen);
+    KriterienListe l = alsListe(zeilen);
+    // The "<=>" pairs live in the list's links, which plain rows do not carry.
+    normalisiere(l);
     SuchOptionen o;
     o.grossKlein = app_.sucheGrossKlein();
     Suchergebnis e = dv::suche(app_.db(), l, o);
