@@ -61,13 +61,15 @@ std::vector<SuchZeile> SuchDienst::normalisiert(const std::vector<SuchZeile>& ze
     return alsZeilen(l);
 }
 
-ErgebnisMit<SuchErgebnisWerte> SuchDienst::suche(const std::vector<SuchZeile>& zeilen) {
+ErgebnisMit<SuchErgebnisWerte> SuchDienst::suche(const std::vector<SuchZeile>& zeilen,
+                                                 bool fortschritt) {
     DV_PRUEFE(pruefeZeilen(zeilen));
     KriterienListe l = alsListe(zeilen);
     // The "<=>" pairs live in the list's links, which plain rows do not carry.
     normalisiere(l);
     SuchOptionen o;
     o.grossKlein = app_.sucheGrossKlein();
+    if (fortschritt) o.fortschritt = fortschrittUeber(app_.benutzer(), "Suche läuft...");
     Suchergebnis e = dv::suche(app_.db(), l, o);
     loeseAuf(e);
     SuchErgebnisWerte w;
@@ -123,6 +125,16 @@ const char* SuchDienst::operatorName(int op) {
 
 const char* SuchDienst::verknuepfungName(int verknuepfung) {
     return verknuepfungsName(verknuepfung);
+}
+
+bool SuchDienst::istText(int objekt, int kriterium) {
+    return istTextKriterium(objekt, kriterium);
+}
+
+std::string SuchDienst::alsText(const std::vector<SuchTreffer>& treffer) {
+    std::string text;
+    for (const SuchTreffer& t : treffer) text += trefferZeile(t.titel, t.grund, t.typ);
+    return text;
 }
 
 }  // namespace dv

@@ -51,8 +51,10 @@ class SuchDienst {
     // The rows as the search dialog normalises them (pairs, text operators).
     static std::vector<SuchZeile> normalisiert(const std::vector<SuchZeile>& zeilen);
 
-    // Runs the search (the case switch is the option's); progress through Benutzer.
-    ErgebnisMit<SuchErgebnisWerte> suche(const std::vector<SuchZeile>& zeilen);
+    // Runs the search (the case switch is the option's); with fortschritt, one
+    // progress step per object of the searched kind through Benutzer.
+    ErgebnisMit<SuchErgebnisWerte> suche(const std::vector<SuchZeile>& zeilen,
+                                         bool fortschritt = false);
     // The rows of a search definition file, and writing one (after the
     // overwrite question).
     ErgebnisMit<std::vector<SuchZeile>> ladeDatei(const std::string& datei);
@@ -65,6 +67,10 @@ class SuchDienst {
     static const char* kriteriumName(int objekt, int kriterium);
     static const char* operatorName(int op);
     static const char* verknuepfungName(int verknuepfung);
+    // Whether the criterion compares texts (only "=" and "!=" make sense).
+    static bool istText(int objekt, int kriterium);
+    // The hits as clipboard text, one line "Treffer<TAB>Grund<TAB>Objekte" each.
+    static std::string alsText(const std::vector<SuchTreffer>& treffer);
 
   private:
     CApplikation& app_;

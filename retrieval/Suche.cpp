@@ -249,16 +249,14 @@ std::string trefferTitel(const SearchHit& hit) {
     return std::string();
 }
 
+std::string trefferZeile(const std::string& titel, const std::string& grund, int objektTyp) {
+    return titel + '\t' + grund + '\t' + objektTypName(objektTyp) + "\r\n";
+}
+
 std::string trefferAlsText(const Suchergebnis& ergebnis) {
     std::string text;
-    for (const SearchHit* h = ergebnis.kopf(); h; h = h->next) {
-        text += trefferTitel(*h);
-        text += '\t';
-        text += h->reason;
-        text += '\t';
-        text += objektTypName(h->objectType);
-        text += "\r\n";
-    }
+    for (const SearchHit* h = ergebnis.kopf(); h; h = h->next)
+        text += trefferZeile(trefferTitel(*h), h->reason, h->objectType);
     return text;
 }
 

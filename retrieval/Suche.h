@@ -102,5 +102,7 @@ std::string trefferTitel(const SearchHit& hit);
 // The hit list as text for the clipboard: per hit "%s%s%s%s%s\r\n" of the title
 // ("Treffer"), a tab, the reason ("Grund"), a tab and the object type ("Objekte").
 std::string trefferAlsText(const Suchergebnis& ergebnis);
+// One line of that text.
+std::string trefferZeile(const std::string& titel, const std::string& grund, int objektTyp);
 
 }  // namespace dv
