@@ -5,6 +5,7 @@
 #include "domain/Beschreibung.h"
 #include "retrieval/Objektzugriff.h"
 #include "retrieval/SuchDatei.h"
+#include "retrieval/Suche.h"
 
 namespace dv {
 namespace {
@@ -49,8 +50,10 @@ Ergebnis TagDienst::entferneAlleDerBox(long boxId) {
     });
 }
 
-std::vector<TagFund> TagDienst::suche(const std::string& text, int typ) {
-    const auto treffer = app_.tags().suche(text, typ);
+std::vector<TagFund> TagDienst::suche(const std::string& text, int typ, bool fortschritt) {
+    const auto treffer = app_.tags().suche(
+        text, typ,
+        fortschritt ? fortschrittUeber(app_.benutzer(), "Tags werden gesucht...") : Fortschritt());
     std::vector<ObjektRef> objekte;
     for (const TagTreffer& t : treffer) objekte.push_back({t.typ, t.id});
     const auto titel = objektTitel(app_.db(), objekte);

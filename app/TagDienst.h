@@ -25,8 +25,9 @@ class TagDienst {
     // "Alle Tags entfernen" of a box, its DVDs and their films, after the question.
     Ergebnis entferneAlleDerBox(long boxId);
     // Every tag containing text (ASCII letters without regard to case), of one
-    // kind of object or of all (typ 0), with the objects' titles.
-    std::vector<TagFund> suche(const std::string& text, int typ);
+    // kind of object or of all (typ 0), with the objects' titles; with
+    // fortschritt, one progress step per tag file through Benutzer.
+    std::vector<TagFund> suche(const std::string& text, int typ, bool fortschritt = false);
     // "Gefundene Tags: N"; the hits as clipboard text.
     static std::string status(std::size_t anzahl);
     static std::string alsText(const std::vector<TagFund>& funde);

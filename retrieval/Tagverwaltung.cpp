@@ -46,7 +46,8 @@ bool Tagverwaltung::entferneAlleDerBox(long boxId) {
     return v.abschliessen();
 }
 
-std::vector<TagTreffer> Tagverwaltung::suche(std::string_view text, int typ) {
+std::vector<TagTreffer> Tagverwaltung::suche(std::string_view text, int typ,
+                                             const std::function<void(int, int)>& fortschritt) {
     std::vector<TagTreffer> treffer;
     if (text.empty()) return treffer;
     char muster[32];
@@ -73,9 +74,13 @@ std::vector<TagTreffer> Tagverwaltung::suche(std::string_view text, int typ) {
     std::sort(dateien.begin(), dateien.end(), [](const TagDatei& a, const TagDatei& b) {
         return a.typ != b.typ ? a.typ < b.typ : a.id < b.id;
     });
-    for (const TagDatei& d : dateien)
+    const int n = static_cast<int>(dateien.size());
+    for (int i = 0; i < n; ++i) {
+        const TagDatei& d = dateien[static_cast<std::size_t>(i)];
         for (std::string& tag : lese(d.typ, d.id))
             if (textMuster.passt(tag)) treffer.push_back({d.typ, d.id, std::move(tag)});
+        if (fortschritt) fortschritt(i + 1, n);
+    }
     return treffer;
 }
 

@@ -3,6 +3,7 @@
 // in the tags folder (see domain/Tags.h for the file form), and the tag search
 // over that folder.
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,7 +44,9 @@ class Tagverwaltung {
     // text (pattern "*text*", ASCII letters without regard to case). One hit per
     // matching line, ordered by kind and id, then file order. An empty text finds
     // nothing; files whose name is not "<type>_<id>.txt" yield no hit.
-    std::vector<TagTreffer> suche(std::string_view text, int typ);
+    // fortschritt (when given) hears of every file read: step i of n.
+    std::vector<TagTreffer> suche(std::string_view text, int typ,
+                                  const std::function<void(int, int)>& fortschritt = {});
 
   private:
     const std::string& ordner() const { return db_.ordner().tags; }

@@ -1,8 +1,27 @@
 #include "ui/steuerung/RechercheSteuerung.h"
 
+#include "app/CApplikation.h"
 #include "ui/aktionen/Aktionen.h"
+#include "ui/baum/KatalogAnsicht.h"
+#include "ui/dialoge/suche/CDlgSuche.h"
+#include "ui/dialoge/suche/Objektbefehle.h"
+#include "ui/dialoge/tags/CDlgStempel.h"
+#include "ui/dialoge/tags/CDlgTagSuche.h"
+#include "ui/dialoge/vormerk/CDlgVormerkName.h"
 
 namespace dv::ui {
+
+namespace {
+
+void oeffne(QDialog* dlg) {
+    dlg->setAttribute(Qt::WA_DeleteOnClose);
+    dlg->open();
+}
+
+}  // namespace
+
+RechercheSteuerung::RechercheSteuerung(Fensterteile& teile)
+    : Steuerung(teile), befehle_(new Objektbefehle(teile.app, teile.baum, teile.aktionen, this)) {}
 
 void RechercheSteuerung::verbinde(Aktionen& a) {
     using S = RechercheSteuerung;
@@ -22,19 +41,23 @@ void RechercheSteuerung::verbinde(Aktionen& a) {
         a.verbinde(id, this, &S::vormerken);
 }
 
-// The retrieval dialogs plug in here.
 void RechercheSteuerung::suchen() {
-    nochNichtVerfuegbar("Suchen");
+    oeffne(new CDlgSuche(fenster(), app(), *befehle_));
 }
+
 void RechercheSteuerung::vormerklisten() {
-    nochNichtVerfuegbar("Vormerklisten");
+    oeffne(new CDlgVormerkName(fenster(), app(), *befehle_, CDlgVormerkName::Modus::Verwalten));
 }
+
 void RechercheSteuerung::tagsSuchen() {
-    nochNichtVerfuegbar("Tags suchen");
+    oeffne(new CDlgTagSuche(fenster(), app(), *befehle_));
 }
+
 void RechercheSteuerung::stempeltags() {
-    nochNichtVerfuegbar("Stempeltags");
+    oeffne(new CDlgStempel(fenster(), app()));
 }
+
+// The web import, the overview and the filters plug in here.
 void RechercheSteuerung::webImport() {
     nochNichtVerfuegbar("Web-Import");
 }
@@ -44,17 +67,34 @@ void RechercheSteuerung::uebersicht() {
 void RechercheSteuerung::filter() {
     nochNichtVerfuegbar("Filter");
 }
+
 void RechercheSteuerung::tags() {
-    nochNichtVerfuegbar("Tags");
+    const Auswahl a = auswahl();
+    befehle_->tags(fenster(), {a.objektTyp(), a.objektId()});
 }
+
 void RechercheSteuerung::stempeltagsDesObjekts() {
-    nochNichtVerfuegbar("Stempeltags");
+    const Auswahl a = auswahl();
+    befehle_->stempeltags(fenster(), {a.objektTyp(), a.objektId()});
 }
+
+// A box takes its DVDs and films with it; a DVD or film only itself.
 void RechercheSteuerung::tagsEntfernen() {
-    nochNichtVerfuegbar("Alle Tags entfernen");
+    const Auswahl a = auswahl();
+    TagDienst& t = app().dienste().tags();
+    if (a.objektTyp() == kBox) {
+        melde(t.entferneAlleDerBox(a.objektId()));
+        return;
+    }
+    const char* frage = a.objektTyp() == kDvd ? "Sollen alle Tags dieser Dvd entfernt werden?"
+                                              : "Sollen alle Tags dieses Films entfernt werden?";
+    if (a.objektTyp() > 0 && benutzer().frage("Alle Tags entfernen", frage))
+        melde(t.setze(a.objektTyp(), a.objektId(), {}));
 }
+
 void RechercheSteuerung::vormerken() {
-    nochNichtVerfuegbar("Vormerken");
+    const Auswahl a = auswahl();
+    if (a.objektTyp() > 0) befehle_->vormerken(fenster(), {{a.objektTyp(), a.objektId()}});
 }
 
 }  // namespace dv::ui

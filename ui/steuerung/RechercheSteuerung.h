@@ -1,17 +1,19 @@
 #pragma once
 // Finding and collecting: search, watch lists, tags and stamp tags (also of the
-// current object), filters, the web import and the HTML overview. Each slot opens
-// its retrieval dialog; the retrieval dialogs fill these slots (until then they
-// say so).
+// current object), filters, the web import and the HTML overview. Each slot
+// opens its dialog with open(); the object commands are shared with the hit
+// lists and the watch-list view through Objektbefehle.
 
 #include "ui/steuerung/Steuerung.h"
 
 namespace dv::ui {
 
+class Objektbefehle;
+
 class RechercheSteuerung : public Steuerung {
     Q_OBJECT
   public:
-    explicit RechercheSteuerung(Fensterteile& teile) : Steuerung(teile) {}
+    explicit RechercheSteuerung(Fensterteile& teile);
     void verbinde(Aktionen& aktionen) override;
 
   public slots:
@@ -28,6 +30,9 @@ class RechercheSteuerung : public Steuerung {
     void stempeltagsDesObjekts();
     void tagsEntfernen();
     void vormerken();
+
+  private:
+    Objektbefehle* befehle_;
 };
 
 }  // namespace dv::ui

@@ -1,12 +1,17 @@
 #include "ui/dialoge/suche/Liste.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMetaMethod>
 #include <QSortFilterProxyModel>
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
+
+#include "app/Zeichensatz.h"
+#include "ui/aktionen/Aktionen.h"
 
 namespace dv::ui {
 
@@ -162,9 +167,25 @@ void ListenAnsicht::setzeBreiten(const std::vector<int>& breiten) {
         ansicht_->setColumnWidth(static_cast<int>(i), breiten[i]);
 }
 
+void ListenAnsicht::setzeSortierbar(bool an) {
+    if (!an) sortiere(-1);
+    ansicht_->setSortingEnabled(an);
+}
+
 void ListenAnsicht::sortiere(int spalte, Qt::SortOrder richtung) {
     ansicht_->header()->setSortIndicator(spalte, richtung);
     sortierung_->sort(spalte, richtung);
+}
+
+QAction* ListenAnsicht::befehl(const char* text, const char* taste) {
+    auto* a = new QAction(alsQString(text), this);
+    a->setObjectName(ohneKuerzel(a->text()));
+    if (taste) {
+        a->setShortcut(QKeySequence(QString::fromLatin1(taste)));
+        a->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        ansicht_->addAction(a);
+    }
+    return a;
 }
 
 std::vector<int> ListenAnsicht::gewaehlte() const {
@@ -194,7 +215,8 @@ std::vector<int> ListenAnsicht::angezeigte() const {
     std::vector<int> v;
     const int n = sortierung_->rowCount();
     v.reserve(static_cast<std::size_t>(n));
-    for (int i = 0; i < n; ++i) v.push_back(sortierung_->mapToSource(sortierung_->index(i, 0)).row());
+    for (int i = 0; i < n; ++i)
+        v.push_back(sortierung_->mapToSource(sortierung_->index(i, 0)).row());
     return v;
 }
 
@@ -206,8 +228,10 @@ bool ListenAnsicht::eventFilter(QObject* objekt, QEvent* ereignis) {
             if (!zeilen.empty()) emit kopieren(zeilen);
             return true;
         }
+        // Enter belongs to the dialog's default button unless the row does something.
         if ((taste->key() == Qt::Key_Return || taste->key() == Qt::Key_Enter) &&
-            taste->modifiers() == Qt::NoModifier && aktuelle() >= 0) {
+            taste->modifiers() == Qt::NoModifier && aktuelle() >= 0 &&
+            isSignalConnected(QMetaMethod::fromSignal(&ListenAnsicht::aktiviert))) {
             emit aktiviert(aktuelle());
             return true;
         }

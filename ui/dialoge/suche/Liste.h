@@ -14,6 +14,7 @@
 #include <QWidget>
 #include <vector>
 
+class QAction;
 class QLabel;
 class QSortFilterProxyModel;
 class QTreeView;
@@ -68,9 +69,16 @@ class ListenAnsicht : public QWidget {
     void setzeAnzahl(const QString& text);
     // Sets the column widths (in pixels, the last one stretches).
     void setzeBreiten(const std::vector<int>& breiten);
+    // Whether a click on a header sorts (off where the order itself matters).
+    void setzeSortierbar(bool an);
     // Sorts by the column as a click on its header does; -1 restores the order
     // the rows were handed over in.
     void sortiere(int spalte, Qt::SortOrder richtung = Qt::AscendingOrder);
+
+    // A command of the list's context menu, named after its caption (catalogue
+    // code page, with its mnemonic); its key (QKeySequence text) works while the
+    // list has the focus.
+    QAction* befehl(const char* text, const char* taste = nullptr);
 
     // The selected rows in the order shown; the current row (-1 for none).
     std::vector<int> gewaehlte() const;
