@@ -56,6 +56,20 @@ Ergebnis FilterDienst::setze(long id, int typ, const std::string& intern,
     });
 }
 
+ErgebnisMit<std::vector<FilterEintrag>> FilterDienst::eintraege(long id, int typ) {
+    DV_PRUEFE(pruefe(id));
+    DV_PRUEFE(pruefeZahl(typ, 1, kTypen, "Der Filtertyp"));
+    const FilterBesitz filter = app_.filter().lade(id);
+    std::vector<FilterEintrag> v;
+    if (Tabelle1* t = app_.db().lookupTabelle(lookupTypVonFilterTyp(typ)))
+        t->scanne([&](const Zeile1& z) {
+            FilterEintrag e{z.Id, z.cpText, std::string(), false};
+            e.uebersetzt = uebersetze(filter.get(), typ, z.Id, e.extern_);
+            v.push_back(std::move(e));
+        });
+    return v;
+}
+
 Ergebnis FilterDienst::setzeAktiv(bool xml, long id) {
     if (id != 0) DV_PRUEFE(pruefe(id));
     if (!app_.filter().setzeAktiv(xml ? ExportArt::Xml : ExportArt::BoxDatei, id))

@@ -3,16 +3,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
-#include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QGuiApplication>
-#include <QLabel>
-#include <QListWidget>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include "app/Zeichensatz.h"
+#include "ui/dialoge/import/CDlgAuswahl.h"
+#include "ui/dialoge/import/CDlgImportInfo.h"
 #include "ui/dialoge/import/ObjektBestaetigenDlg.h"
 #include "ui/widgets/FortschrittFenster.h"
 #include "ui/widgets/TextFenster.h"
@@ -63,44 +59,15 @@ ObjektAntwort QtBenutzer::objektBestaetigen(const ObjektDialog& d) {
 std::vector<int> QtBenutzer::waehle(const std::string& titel, const std::string& spalte,
                                     const std::vector<std::string>& eintraege, bool mehrfach,
                                     int vorauswahl) {
-    QDialog dlg(eltern_);
-    dlg.setWindowTitle(bildschirmText(titel));
-    auto* layout = new QVBoxLayout(&dlg);
-    layout->addWidget(new QLabel(bildschirmText(spalte)));
-    auto* liste = new QListWidget;
-    for (std::size_t i = 0; i < eintraege.size(); ++i) {
-        auto* item = new QListWidgetItem(bildschirmText(eintraege[i]), liste);
-        if (mehrfach) item->setCheckState(Qt::Unchecked);
-    }
-    if (vorauswahl >= 0 && vorauswahl < liste->count()) liste->setCurrentRow(vorauswahl);
-    layout->addWidget(liste);
-    auto* knoepfe = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    QObject::connect(knoepfe, &QDialogButtonBox::accepted, &dlg, &QDialog::accept);
-    QObject::connect(knoepfe, &QDialogButtonBox::rejected, &dlg, &QDialog::reject);
-    layout->addWidget(knoepfe);
-    std::vector<int> gewaehlt;
-    if (dlg.exec() != QDialog::Accepted) return gewaehlt;
-    for (int i = 0; i < liste->count(); ++i) {
-        const bool an =
-            mehrfach ? liste->item(i)->checkState() == Qt::Checked : liste->currentRow() == i;
-        if (an) gewaehlt.push_back(i);
-    }
-    return gewaehlt;
+    CDlgAuswahl dlg(eltern_, *app_, CDlgAuswahl::wpNameFuer(titel), bildschirmText(titel),
+                    bildschirmText(spalte), eintraege, mehrfach, vorauswahl);
+    dlg.exec();
+    return dlg.gewaehlt();
 }
 
 bool QtBenutzer::info(const std::string& titel,
                       const std::vector<std::pair<std::string, std::string>>& felder) {
-    QDialog dlg(eltern_);
-    dlg.setWindowTitle(bildschirmText(titel));
-    auto* form = new QFormLayout(&dlg);
-    for (const auto& [name, wert] : felder)
-        form->addRow(bildschirmText(name), new QLabel(bildschirmText(wert)));
-    auto* knoepfe = new QDialogButtonBox;
-    knoepfe->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
-    knoepfe->addButton(QStringLiteral("Abbrechen"), QDialogButtonBox::RejectRole);
-    QObject::connect(knoepfe, &QDialogButtonBox::accepted, &dlg, &QDialog::accept);
-    QObject::connect(knoepfe, &QDialogButtonBox::rejected, &dlg, &QDialog::reject);
-    form->addRow(knoepfe);
+    CDlgImportInfo dlg(eltern_, *app_, bildschirmText(titel), felder);
     return dlg.exec() == QDialog::Accepted;
 }
 

@@ -3,6 +3,7 @@
 #include "app/CApplikation.h"
 #include "ui/aktionen/Aktionen.h"
 #include "ui/baum/KatalogAnsicht.h"
+#include "ui/dialoge/filter/CDlgFilter.h"
 #include "ui/dialoge/suche/CDlgSuche.h"
 #include "ui/dialoge/suche/Objektbefehle.h"
 #include "ui/dialoge/tags/CDlgStempel.h"
@@ -57,7 +58,7 @@ void RechercheSteuerung::stempeltags() {
     oeffne(new CDlgStempel(fenster(), app()));
 }
 
-// The web import, the overview and the filters plug in here.
+// The web import and the overview plug in here.
 void RechercheSteuerung::webImport() {
     nochNichtVerfuegbar("Web-Import");
 }
@@ -65,7 +66,7 @@ void RechercheSteuerung::uebersicht() {
     nochNichtVerfuegbar("Übersicht");
 }
 void RechercheSteuerung::filter() {
-    nochNichtVerfuegbar("Filter");
+    oeffne(new CDlgFilter(fenster(), app()));
 }
 
 void RechercheSteuerung::tags() {

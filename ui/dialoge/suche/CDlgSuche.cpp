@@ -56,7 +56,7 @@ CDlgSuche::CDlgSuche(QWidget* eltern, CApplikation& app, Objektbefehle& befehle)
         verknuepfung_->addItem(alsQString(SuchDienst::verknuepfungName(v)), v);
     waehleDaten(verknuepfung_, kUnd);
     liste_->setzeSortierbar(false);
-    liste_->ansicht()->setSelectionMode(QAbstractItemView::SingleSelection);
+    liste_->setzeEinzelwahl();
     liste_->setzeBreiten({150, 70, 220});
     status_->setObjectName(QStringLiteral("Ergebnis"));
     status_->setAccessibleName(status_->objectName());

@@ -167,6 +167,10 @@ void ListenAnsicht::setzeBreiten(const std::vector<int>& breiten) {
         ansicht_->setColumnWidth(static_cast<int>(i), breiten[i]);
 }
 
+void ListenAnsicht::setzeEinzelwahl() {
+    ansicht_->setSelectionMode(QAbstractItemView::SingleSelection);
+}
+
 void ListenAnsicht::setzeSortierbar(bool an) {
     if (!an) sortiere(-1);
     ansicht_->setSortingEnabled(an);

@@ -69,6 +69,8 @@ class ListenAnsicht : public QWidget {
     void setzeAnzahl(const QString& text);
     // Sets the column widths (in pixels, the last one stretches).
     void setzeBreiten(const std::vector<int>& breiten);
+    // Only one row at a time can be selected.
+    void setzeEinzelwahl();
     // Whether a click on a header sorts (off where the order itself matters).
     void setzeSortierbar(bool an);
     // Sorts by the column as a click on its header does; -1 restores the order

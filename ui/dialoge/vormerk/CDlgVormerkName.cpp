@@ -38,7 +38,7 @@ CDlgVormerkName::CDlgVormerkName(QWidget* eltern, CApplikation& app, Objektbefeh
                                this)) {
     liste_->modell().setzeAbhakbar(modus != Modus::Einzeln);
     if (modus == Modus::Einzeln)
-        liste_->ansicht()->setSelectionMode(QAbstractItemView::SingleSelection);
+        liste_->setzeEinzelwahl();
     auto* knoepfe = new QDialogButtonBox(this);
     auto* neu = knoepfe->addButton(QStringLiteral("&Neu..."), QDialogButtonBox::ActionRole);
     connect(neu, &QPushButton::clicked, this, &CDlgVormerkName::neu);
