@@ -123,7 +123,15 @@ Ergebnis AustauschDienst::xmlDatei(int typ, long id, bool cover, bool unterobjek
 
 Ergebnis AustauschDienst::webimport(const WebSuche& s, Benutzer& auswahl,
                                     std::vector<ImportZeile>& zeilen) {
-    WebImportSuche suche;
+    auto auftrag = webVorbereiten(s);
+    DV_PRUEFE(auftrag);
+    return webImportieren(webHolen(auftrag.wert(), auswahl), zeilen);
+}
+
+ErgebnisMit<WebAuftrag> AustauschDienst::webVorbereiten(const WebSuche& s) {
+    if (!s.disc && s.ean.empty() && s.titel.empty())
+        return Ergebnis::eingabe("Bitte eine EAN oder einen Titel eingeben.");
+    WebAuftrag a;
     if (s.disc) {
         DiscQuelle q;
         q.abbild = s.abbild;
@@ -134,31 +142,44 @@ Ergebnis AustauschDienst::webimport(const WebSuche& s, Benutzer& auswahl,
             meldeDiscFehler(app_.benutzer(), code, d);
             return Ergebnis::fehlschlag("");
         }
-        suche.SN = d.SN;
-        suche.BytesLow = d.BytesLow;
-        suche.BytesHigh = d.BytesHigh;
+        a.sn = d.SN;
+        a.bytesLow = d.BytesLow;
+        a.bytesHigh = d.BytesHigh;
     } else {
-        suche.ean = s.ean;
-        suche.titel = s.titel;
+        a.ean = s.ean;
+        a.titel = s.titel;
     }
+    a.url = s.url.empty() ? importUrl(app_.einstellungen()) : s.url;
+    a.grossKlein = (app_.austausch().optionen() & kOptSucheGrossKlein) != 0;
+    return a;
+}
+
+WebFund AustauschDienst::webHolen(const WebAuftrag& a, Benutzer& auswahl) {
+    WebImportSuche suche;
+    suche.SN = a.sn;
+    suche.BytesLow = a.bytesLow;
+    suche.BytesHigh = a.bytesHigh;
+    suche.ean = a.ean;
+    suche.titel = a.titel;
     WebImport wi(app_.fs(), auswahl, app_.ordner().updates);
-    const std::uint32_t optionen = app_.austausch().optionen();
-    wi.grossKlein = (optionen & kOptSucheGrossKlein) != 0;  // the search's case switch
-    const WebImportErgebnis e =
-        wi.fuehreAus(s.url.empty() ? importUrl(app_.einstellungen()) : s.url, suche);
-    if (e.code <= 0 && e.dateien.empty()) return Ergebnis::fehlschlag("");
-    bool alle = e.code > 0;
+    wi.grossKlein = a.grossKlein;
+    WebImportErgebnis e = wi.fuehreAus(a.url, suche);
+    return {e.code, std::move(e.dateien)};
+}
+
+Ergebnis AustauschDienst::webImportieren(const WebFund& f, std::vector<ImportZeile>& zeilen) {
+    if (f.code <= 0 && f.dateien.empty()) return Ergebnis::fehlschlag("");
+    bool alle = f.code > 0;
     DV_PRUEFE(app_.schreibstelle().schreibe([&](std::vector<Aenderung>& m) {
-        const ImportOptionen o = importOptionen(optionen);
-        importiereWebDateien(e, [&](const std::string& pfad) {
+        const ImportOptionen o = importOptionen(app_.austausch().optionen());
+        for (const std::string& pfad : f.dateien) {
             long box = 0;
             const bool ok =
                 app_.austausch().importiere(pfad, o, &box) == ImportErgebnis::Importiert;
             if (ok) m.push_back({AenderungsArt::Neu, AenderungsTyp::Box, box, 0, 0});
             zeilen.push_back({pfad, ok});
             alle = alle && ok;
-            return ok;
-        });
+        }
         return Ergebnis::gut();
     }));
     return alle ? Ergebnis::gut() : Ergebnis::fehlschlag("");

@@ -3,6 +3,7 @@
 // exporting one box or all, the XML document of an object, and fetching box
 // files from the import servers.
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,22 @@ struct WebSuche {
     std::string abbild;
 };
 
+// A prepared web import: nothing is left to read from the catalogue or settings.
+struct WebAuftrag {
+    std::string url;  // the base address, ending in '/'
+    std::string ean;
+    std::string titel;
+    std::uint32_t sn = 0, bytesLow = 0, bytesHigh = 0;  // the disc's identity
+    bool grossKlein = false;                             // letter case in the title search
+};
+
+// What a web import fetched: the result code (number of hits, 0 for none, below
+// 0 for an error, whose message has been shown) and the local box files.
+struct WebFund {
+    int code = 0;
+    std::vector<std::string> dateien;
+};
+
 class AustauschDienst {
   public:
     // app must outlive the service.
@@ -70,6 +87,16 @@ class AustauschDienst {
     // into "Updates/" and imported, each noted in zeilen. Refused when nothing
     // could be fetched or a fetched file was not imported.
     Ergebnis webimport(const WebSuche& suche, Benutzer& auswahl, std::vector<ImportZeile>& zeilen);
+
+    // The same in three steps, for a caller that keeps its window alive while the
+    // files come: webVorbereiten checks the input and reads the disc and the
+    // settings (the disc's errors are shown); webHolen only downloads into "Updates/" and asks through
+    // auswahl, touching neither the catalogue nor the settings, so it may run on
+    // another thread (auswahl must be usable from there); webImportieren imports
+    // the fetched files on the catalogue's thread.
+    ErgebnisMit<WebAuftrag> webVorbereiten(const WebSuche& suche);
+    WebFund webHolen(const WebAuftrag& auftrag, Benutzer& auswahl);
+    Ergebnis webImportieren(const WebFund& fund, std::vector<ImportZeile>& zeilen);
 
   private:
     Ergebnis ordnerDa(const std::string& ordner);
