@@ -1,12 +1,12 @@
 // dorvano-cli: validieren, uebersicht and webimport, run as a whole process on a
 // catalogue built in the test; the web import against a local HTTP test server.
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 #include <filesystem>
 
 #include "interchange/Austausch.h"
 #include "tests/cli/CliProgramm.h"
+#include "tests/support/Kvt.h"
 #include "tests/support/TestServer.h"
 
 using namespace dv;
@@ -100,17 +100,6 @@ TEST(CliAusgabe, UebersichtMitUndAusEinstellungsdatei) {
     EXPECT_EQ(k.run({"uebersicht", "--einstellungen", ini, "--ziel", ziel}).code, 2);
     EXPECT_TRUE(meldet(k.run({"uebersicht", "--ziel", ziel, "--nicht-oeffnen"}), 1,
                        "Fehlende Vorlage, Zielpfad oder Zieldatei."));
-}
-
-std::string kvt(const std::string& text) {
-    uLongf n = compressBound(static_cast<uLong>(text.size()));
-    std::string gepackt(n, '\0');
-    compress(reinterpret_cast<Bytef*>(gepackt.data()), &n,
-             reinterpret_cast<const Bytef*>(text.data()), static_cast<uLong>(text.size()));
-    gepackt.resize(n);
-    std::string d = "KVT\0\0"s;
-    for (int i = 0; i < 4; ++i) d += static_cast<char>((text.size() >> (8 * i)) & 0xFF);
-    return d + gepackt;
 }
 
 TEST(CliAusgabe, WebimportListetHoltUndImportiert) {

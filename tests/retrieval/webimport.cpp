@@ -3,11 +3,11 @@
 // selection, downloads that fail in transit, and hostile server data.
 
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 #include "retrieval/WebImport.h"
 #include "tests/support/FakeBenutzer.h"
 #include "tests/support/FehlerDateisystem.h"
+#include "tests/support/Kvt.h"
 #include "tests/support/TempOrdner.h"
 #include "tests/support/TestServer.h"
 
@@ -16,20 +16,7 @@ namespace {
 
 using test::TestServer;
 
-// A packed index: "KVT", two spare bytes, the length, the zlib stream.
-std::string kvt(const std::string& text, std::uint32_t laenge) {
-    uLongf n = compressBound(static_cast<uLong>(text.size()));
-    std::string gepackt(n, '\0');
-    compress(reinterpret_cast<Bytef*>(gepackt.data()), &n,
-             reinterpret_cast<const Bytef*>(text.data()), static_cast<uLong>(text.size()));
-    gepackt.resize(n);
-    std::string d = "KVT\x01\x02";
-    for (int i = 0; i < 4; ++i) d += static_cast<char>((laenge >> (8 * i)) & 0xFF);
-    return d + gepackt;
-}
-std::string kvt(const std::string& text) {
-    return kvt(text, static_cast<std::uint32_t>(text.size()));
-}
+using test::kvt;
 
 // Reads in the working folder fail for one file name (the download itself works).
 class LesesperreDateisystem : public test::FehlerDateisystem {

@@ -8,7 +8,9 @@
 #include "ui/dialoge/suche/Objektbefehle.h"
 #include "ui/dialoge/tags/CDlgStempel.h"
 #include "ui/dialoge/tags/CDlgTagSuche.h"
+#include "ui/dialoge/uebersicht/CDlgUebersicht.h"
 #include "ui/dialoge/vormerk/CDlgVormerkName.h"
+#include "ui/dialoge/webimport/CDlgWebImport.h"
 
 namespace dv::ui {
 
@@ -58,13 +60,14 @@ void RechercheSteuerung::stempeltags() {
     oeffne(new CDlgStempel(fenster(), app()));
 }
 
-// The web import and the overview plug in here.
 void RechercheSteuerung::webImport() {
-    nochNichtVerfuegbar("Web-Import");
+    oeffne(new CDlgWebImport(fenster(), app()));
 }
+
 void RechercheSteuerung::uebersicht() {
-    nochNichtVerfuegbar("Übersicht");
+    oeffne(new CDlgUebersicht(fenster(), app()));
 }
+
 void RechercheSteuerung::filter() {
     oeffne(new CDlgFilter(fenster(), app()));
 }
