@@ -45,7 +45,7 @@ struct WebAuftrag {
     std::string ean;
     std::string titel;
     std::uint32_t sn = 0, bytesLow = 0, bytesHigh = 0;  // the disc's identity
-    bool grossKlein = false;                             // letter case in the title search
+    bool grossKlein = false;                            // letter case in the title search
 };
 
 // What a web import fetched: the result code (number of hits, 0 for none, below
@@ -90,10 +90,10 @@ class AustauschDienst {
 
     // The same in three steps, for a caller that keeps its window alive while the
     // files come: webVorbereiten checks the input and reads the disc and the
-    // settings (the disc's errors are shown); webHolen only downloads into "Updates/" and asks through
-    // auswahl, touching neither the catalogue nor the settings, so it may run on
-    // another thread (auswahl must be usable from there); webImportieren imports
-    // the fetched files on the catalogue's thread.
+    // settings (the disc's errors are shown); webHolen only downloads into "Updates/" and asks
+    // through auswahl, touching neither the catalogue nor the settings, so it may run on another
+    // thread (auswahl must be usable from there); webImportieren imports the fetched files on the
+    // catalogue's thread.
     ErgebnisMit<WebAuftrag> webVorbereiten(const WebSuche& suche);
     WebFund webHolen(const WebAuftrag& auftrag, Benutzer& auswahl);
     Ergebnis webImportieren(const WebFund& fund, std::vector<ImportZeile>& zeilen);

@@ -2,6 +2,7 @@
 // whose selection is answered through the scripted user, the chosen box fetched
 // on the download thread and imported into the catalogue; a search without hits
 // with its message; a search without a text refused before anything runs.
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <QtTest>
 #include <filesystem>

@@ -144,7 +144,8 @@ void CDlgFilter::fuelleAktive() {
         const QSignalBlocker sperre(c);
         c->clear();
         c->addItem(QStringLiteral("(kein Filter)"), 0);
-        for (const Benannt& f : filter) c->addItem(alsQString(f.name), static_cast<qlonglong>(f.id));
+        for (const Benannt& f : filter)
+            c->addItem(alsQString(f.name), static_cast<qlonglong>(f.id));
         const int i = c->findData(static_cast<qlonglong>(app_.dienste().filter().aktiv(xml)));
         c->setCurrentIndex(i >= 0 ? i : 0);
     }
@@ -160,7 +161,8 @@ void CDlgFilter::zeigeEintraege() {
         if (meldeErgebnis(app_, gelesen)) liste_ = std::move(gelesen.wert());
     }
     std::vector<QStringList> zeilen;
-    for (const FilterEintrag& e : liste_) zeilen.push_back({alsQString(e.intern), alsQString(e.extern_)});
+    for (const FilterEintrag& e : liste_)
+        zeilen.push_back({alsQString(e.intern), alsQString(e.extern_)});
     eintraege_->modell().setzeZeilen(std::move(zeilen));
     eintraege_->setzeAnzahl(typ > 0 ? eintraegeText(liste_.size()) : QString());
     if (!liste_.empty()) eintraege_->waehle(0);
@@ -184,7 +186,8 @@ void CDlgFilter::umbenannt(QTreeWidgetItem* item) {
     const long id = filterId(item);
     meldeErgebnis(app_, app_.dienste().filter().umbenennen(id, ausQString(item->text(0))));
     // The editor is still closing: the tree is rebuilt after it.
-    QMetaObject::invokeMethod(this, [this, id] { lade(id); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, id] { lade(id); }, Qt::QueuedConnection);
 }
 
 void CDlgFilter::loeschen() {
@@ -200,10 +203,10 @@ void CDlgFilter::eintragBearbeiten() {
     const FilterEintrag e = liste_[static_cast<std::size_t>(z)];
     const long id = filterId(item);
     const int typ = filterTyp(item);
-    auto* dlg = new EingabeDlg(this, app_, "WP_filtereintrag",
-                               QStringLiteral("Filtereintrag [%1]").arg(alsQString(e.intern)),
-                               QStringLiteral("&Extern:"), e.extern_,
-                               static_cast<int>(kMaxFilterExtern));
+    auto* dlg =
+        new EingabeDlg(this, app_, "WP_filtereintrag",
+                       QStringLiteral("Filtereintrag [%1]").arg(alsQString(e.intern)),
+                       QStringLiteral("&Extern:"), e.extern_, static_cast<int>(kMaxFilterExtern));
     dlg->setAttribute(Qt::WA_DeleteOnClose);
     connect(dlg, &QDialog::accepted, this, [this, dlg, e, id, typ, z] {
         if (!meldeErgebnis(app_, app_.dienste().filter().setze(id, typ, e.intern, dlg->text8())))

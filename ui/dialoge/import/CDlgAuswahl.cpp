@@ -21,7 +21,8 @@ CDlgAuswahl::CDlgAuswahl(QWidget* eltern, CApplikation& app, const char* wpName,
     for (const std::string& e : eintraege) zeilen.push_back({alsQString(e)});
     liste_->modell().setzeZeilen(std::move(zeilen));
     const int n = static_cast<int>(eintraege.size());
-    liste_->setzeAnzahl(n == 1 ? QStringLiteral("1 Eintrag") : QStringLiteral("%1 Einträge").arg(n));
+    liste_->setzeAnzahl(n == 1 ? QStringLiteral("1 Eintrag")
+                               : QStringLiteral("%1 Einträge").arg(n));
     if (n > 0) liste_->waehle(vorauswahl >= 0 && vorauswahl < n ? vorauswahl : 0);
     if (!mehrfach) {
         liste_->setzeEinzelwahl();
@@ -31,8 +32,9 @@ CDlgAuswahl::CDlgAuswahl(QWidget* eltern, CApplikation& app, const char* wpName,
     auto* knoepfe = new QDialogButtonBox(this);
     if (mehrfach) {
         for (bool an : {true, false}) {
-            QPushButton* b = knoepfe->addButton(an ? QStringLiteral("&Alle") : QStringLiteral("&Keine"),
-                                                QDialogButtonBox::ResetRole);
+            QPushButton* b =
+                knoepfe->addButton(an ? QStringLiteral("&Alle") : QStringLiteral("&Keine"),
+                                   QDialogButtonBox::ResetRole);
             b->setAutoDefault(false);
             connect(b, &QPushButton::clicked, this, [this, an] {
                 for (int i = 0; i < liste_->modell().rowCount(); ++i)

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 
 #include "app/CApplikation.h"
+#include "ui/dialoge/Meldung.h"
 
 namespace dv::ui {
 
@@ -45,13 +46,7 @@ void waehleLadeDatei(QWidget* eltern, CApplikation& app, const QString& name, co
 }
 
 bool meldeErgebnis(CApplikation& app, const Ergebnis& e) {
-    if (e.ok() || e.art() == Fehlerart::Abgelehnt) return e.ok();
-    // A refusal whose message the layer below has shown already carries no text.
-    if (e.grund().empty()) return false;
-    const bool eingabe = e.art() == Fehlerart::Eingabe;
-    app.benutzer().meldung(eingabe ? "Hinweis" : "Fehler...", e.grund(),
-                           eingabe ? Symbol::Warnung : Symbol::Fehler);
-    return false;
+    return zeigeErgebnis(app.benutzer(), e);
 }
 
 }  // namespace dv::ui

@@ -28,8 +28,8 @@ void waehleSpeicherDatei(QWidget* eltern, CApplikation& app, const QString& name
 void waehleLadeDatei(QWidget* eltern, CApplikation& app, const QString& name, const QString& endung,
                      DateiWeiter weiter);
 
-// Shows the reason of a refusal ("Hinweis" for wrong input, "Fehler..." else);
-// nothing for success or a question answered No. Returns e.ok().
+// zeigeErgebnis through the application's Benutzer: "Hinweis" for wrong input,
+// "Fehler..." else; nothing for success or a question answered No. Returns e.ok().
 bool meldeErgebnis(CApplikation& app, const Ergebnis& e);
 
 }  // namespace dv::ui

@@ -55,8 +55,7 @@ CDlgUebersicht::CDlgUebersicht(QWidget* eltern, CApplikation& app)
     hintergrund_->setPlaceholderText(QStringLiteral("(keines)"));
 
     auto* form = new QFormLayout;
-    auto mitWahl = [&](const QString& label, QWidget* feld, const QString& knopf,
-                       auto&& waehlen) {
+    auto mitWahl = [&](const QString& label, QWidget* feld, const QString& knopf, auto&& waehlen) {
         auto* zeile = new QHBoxLayout;
         zeile->addWidget(feld, 1);
         auto* b = new QPushButton(knopf, this);
@@ -86,7 +85,8 @@ CDlgUebersicht::CDlgUebersicht(QWidget* eltern, CApplikation& app)
             });
 
     auto* knoepfe = new QDialogButtonBox(this);
-    QPushButton* laden = knoepfe->addButton(QStringLiteral("L&aden..."), QDialogButtonBox::ResetRole);
+    QPushButton* laden =
+        knoepfe->addButton(QStringLiteral("L&aden..."), QDialogButtonBox::ResetRole);
     QPushButton* speichern =
         knoepfe->addButton(QStringLiteral("Speiche&rn..."), QDialogButtonBox::ResetRole);
     for (QPushButton* b : {laden, speichern}) b->setAutoDefault(false);
@@ -137,12 +137,11 @@ void CDlgUebersicht::laden() {
 }
 
 void CDlgUebersicht::speichern() {
-    waehleSpeicherDatei(this, app_, QStringLiteral("Einstellungen speichern"),
-                        QStringLiteral("Uebersicht.ini"), QStringLiteral("ini"),
-                        [this](const std::string& pfad) {
-                            meldeErgebnis(app_,
-                                          app_.dienste().ausgabe().speichereUebersicht(pfad, werte()));
-                        });
+    waehleSpeicherDatei(
+        this, app_, QStringLiteral("Einstellungen speichern"), QStringLiteral("Uebersicht.ini"),
+        QStringLiteral("ini"), [this](const std::string& pfad) {
+            meldeErgebnis(app_, app_.dienste().ausgabe().speichereUebersicht(pfad, werte()));
+        });
 }
 
 void CDlgUebersicht::accept() {

@@ -37,8 +37,7 @@ CDlgVormerkName::CDlgVormerkName(QWidget* eltern, CApplikation& app, Objektbefeh
       liste_(new ListenAnsicht(QStringLiteral("Vormerklisten"), {QStringLiteral("Vormerkliste")},
                                this)) {
     liste_->modell().setzeAbhakbar(modus != Modus::Einzeln);
-    if (modus == Modus::Einzeln)
-        liste_->setzeEinzelwahl();
+    if (modus == Modus::Einzeln) liste_->setzeEinzelwahl();
     auto* knoepfe = new QDialogButtonBox(this);
     auto* neu = knoepfe->addButton(QStringLiteral("&Neu..."), QDialogButtonBox::ActionRole);
     connect(neu, &QPushButton::clicked, this, &CDlgVormerkName::neu);

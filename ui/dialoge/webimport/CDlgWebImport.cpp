@@ -117,9 +117,8 @@ void CDlgWebImport::suchen() {
     if (!zeigeErgebnis(app_.benutzer(), auftrag)) return;
     zeilen_.clear();
     weiter_ = std::make_unique<Weiterleitung>(app_.benutzer());
-    faden_ = QThread::create([this, &dienst, a = auftrag.wert()] {
-        fund_ = dienst.webHolen(a, *weiter_);
-    });
+    faden_ = QThread::create(
+        [this, &dienst, a = auftrag.wert()] { fund_ = dienst.webHolen(a, *weiter_); });
     connect(faden_, &QThread::finished, this, &CDlgWebImport::fertigGeholt);
     zeigeLauf(true);
     faden_->start();

@@ -42,9 +42,8 @@ ObjektAntwort Weiterleitung::objektBestaetigen(const ObjektDialog& dialog) {
 std::vector<int> Weiterleitung::waehle(const std::string& titel, const std::string& spalte,
                                        const std::vector<std::string>& eintraege, bool mehrfach,
                                        int vorauswahl) {
-    return imGuiFaden(std::vector<int>{}, [&] {
-        return ziel_.waehle(titel, spalte, eintraege, mehrfach, vorauswahl);
-    });
+    return imGuiFaden(std::vector<int>{},
+                      [&] { return ziel_.waehle(titel, spalte, eintraege, mehrfach, vorauswahl); });
 }
 
 bool Weiterleitung::info(const std::string& titel,
