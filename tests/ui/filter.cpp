@@ -1,12 +1,14 @@
 // The filter dialog and the overview's settings from the window: a filter made,
 // renamed in place (an empty name refused), a translation set through its entry
 // dialog, chosen as the active filter of XML, then deleted after the question;
-// the overview's five inputs saved to a settings file and loaded back, and OK
-// with a missing target refused with the dialog left open.
+// the overview's five inputs (the background preset from the settings menu)
+// saved to a settings file and loaded back, and OK with a missing target
+// refused with the dialog left open.
 #include <QComboBox>
 #include <QTreeWidget>
 #include <QtTest>
 
+#include "app/Hintergrund.h"
 #include "app/LookupDienst.h"
 #include "tests/support/TempOrdner.h"
 #include "tests/ui/support/Dialoge.h"
@@ -95,9 +97,12 @@ void FilterTest::anlegenBenennenSetzenLoeschen() {
 void FilterTest::uebersichtSpeichernLaden() {
     test::Fenster f;
     test::TempOrdner tmp;
+    test::schreibeDatei(tmp / "bild.jpg", "JFIF");
+    QVERIFY(setzeStandardHintergrund(f.app, tmp / "bild.jpg").ok());
     QVERIFY(f.loese(kCmdUebersicht));
     auto* d = f.dialog<CDlgUebersicht>("WP_uebersicht");
     QVERIFY(d);
+    QCOMPARE(d->werte().hintergrund, tmp / "bild.jpg");
     // A bare template name is stored with the template folder.
     const UebersichtWerte w{f.app.ordner().vorlagen + "Uebersicht.html", tmp / "seite.html",
                             "Meine Filme", "Alle Boxen", tmp / "bild.jpg"};

@@ -13,6 +13,7 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
+#include "app/Hintergrund.h"
 #include "app/Zeichensatz.h"
 #include "ui/dialoge/suche/Dateiwahl.h"
 #include "ui/widgets/TextFeld.h"
@@ -53,6 +54,7 @@ CDlgUebersicht::CDlgUebersicht(QWidget* eltern, CApplikation& app)
     titel_->setPlaceholderText(QStringLiteral("Listentitel"));
     ueberschrift_->setPlaceholderText(QStringLiteral("Überschrift"));
     hintergrund_->setPlaceholderText(QStringLiteral("(keines)"));
+    hintergrund_->setText(pfadAlsText(standardHintergrund(app_)));
 
     auto* form = new QFormLayout;
     auto mitWahl = [&](const QString& label, QWidget* feld, const QString& knopf, auto&& waehlen) {

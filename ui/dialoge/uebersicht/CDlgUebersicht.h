@@ -1,10 +1,11 @@
 #pragma once
 // "Übersicht" ("WP_uebersicht"): the five inputs of the HTML overview (the
 // template, offered from "Vorlagen/" or any file; the page to write; the list's
-// title and heading; a background picture), saved to and loaded from a settings
-// file. OK writes the page through the output service, which checks the inputs
-// and shows its messages, and opens it with the desktop's default program; on a
-// failure the dialog stays open with what was typed.
+// title and heading; a background picture, preset from "Hintergrundbild..."),
+// saved to and loaded from a settings file. OK writes the page through the
+// output service, which checks the inputs and shows its messages, and opens it
+// with the desktop's default program; on a failure the dialog stays open with
+// what was typed.
 
 #include "app/CApplikation.h"
 #include "ui/dialoge/Dialog.h"

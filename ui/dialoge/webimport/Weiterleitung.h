@@ -12,7 +12,7 @@
 #include <QThread>
 #include <atomic>
 
-#include "base/Benutzer.h"
+#include "app/Benutzer.h"
 
 namespace dv::ui {
 
