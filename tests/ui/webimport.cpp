@@ -1,7 +1,8 @@
 // The web import from the window against a local HTTP server: a title search
 // whose selection is answered through the scripted user, the chosen box fetched
 // on the download thread and imported into the catalogue; a search without hits
-// with its message; a search without a text refused before anything runs.
+// with its message; a search without a text refused before anything runs; the
+// forwarding of a worker's questions to the GUI thread.
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QtTest>
@@ -15,6 +16,7 @@
 #include "tests/ui/support/Fenster.h"
 #include "ui/aktionen/Aktionen.h"
 #include "ui/dialoge/webimport/CDlgWebImport.h"
+#include "ui/dialoge/webimport/Weiterleitung.h"
 #include "ui/widgets/TextFeld.h"
 
 using namespace dv;
@@ -24,6 +26,7 @@ class WebImportTest : public QObject {
     Q_OBJECT
   private slots:
     void suchenWaehlenImportieren();
+    void weiterleitungAusDemFaden();
 };
 
 namespace {
@@ -90,6 +93,52 @@ void WebImportTest::suchenWaehlenImportieren() {
     QVERIFY(!d->laeuft());
     QCOMPARE(f.letzteMeldung(), std::string("Bitte eine EAN oder einen Titel eingeben."));
     QCOMPARE(server.anfragen().size(), anfragen);
+}
+
+// A worker's questions are answered by the window's user on the GUI thread; the
+// cancel wish is reported once; after giving up nothing reaches the user.
+void WebImportTest::weiterleitungAusDemFaden() {
+    struct : test::FakeBenutzer {
+        QThread* faden = nullptr;
+        bool frage(const std::string& titel, const std::string& text) override {
+            faden = QThread::currentThread();
+            return FakeBenutzer::frage(titel, text);
+        }
+    } nutzer;
+    nutzer.antworten = {false};
+    Weiterleitung w(nutzer);
+    std::vector<bool> antworten;
+    auto laufe = [&](auto&& arbeit) {
+        QThread* faden = QThread::create(arbeit);
+        QSignalSpy ende(faden, &QThread::finished);
+        faden->start();
+        const bool fertig = ende.wait(30000);
+        delete faden;
+        return fertig;
+    };
+    QVERIFY(laufe([&] {
+        antworten.push_back(w.unterbrechen());
+        antworten.push_back(w.frage("Web-Import", "Suche wirklich abbrechen?"));
+    }));
+    w.abbrechen();
+    QVERIFY(laufe([&] {
+        antworten.push_back(w.unterbrechen());
+        antworten.push_back(w.unterbrechen());
+    }));
+    QCOMPARE(antworten, (std::vector<bool>{false, false, true, false}));
+    QCOMPARE(nutzer.fragen.size(), std::size_t{1});
+    QCOMPARE(nutzer.faden, QThread::currentThread());
+
+    w.aufgeben();
+    std::vector<int> wahl{7};
+    QVERIFY(laufe([&] {
+        antworten.push_back(w.frage("Web-Import", "Suche wirklich abbrechen?"));
+        wahl = w.waehle("Web-Import Auswahl (1)", "BoxTitel", {"Alien"}, true, -1);
+    }));
+    QVERIFY(antworten.back());
+    QVERIFY(wahl.empty());
+    QCOMPARE(nutzer.fragen.size(), std::size_t{1});
+    QVERIFY(nutzer.auswahlDialoge.empty());
 }
 
 QTEST_MAIN(WebImportTest)

@@ -57,6 +57,7 @@ CDlgWebImport::CDlgWebImport(QWidget* eltern, CApplikation& app)
     connect(ean_, &QLineEdit::textEdited, arten_[kEan], &QRadioButton::click);
     connect(titel_, &QLineEdit::textEdited, arten_[kTitel], &QRadioButton::click);
     arten_[kTitel]->setChecked(true);
+    titel_->setFocus();
 
     balken_->setRange(0, 0);
     balken_->setTextVisible(false);

@@ -4,7 +4,8 @@
 // the GUI thread, and the thread waits for the answer there. The wish to
 // interrupt is the flag the window's "Abbrechen" sets, so the GUI thread never
 // has to be asked from the worker. Once the window gives up (it is closing),
-// questions are answered as cancelled and messages dropped without being shown.
+// nothing more reaches the user: a question is answered Yes (a worker asks
+// only whether to stop), a choice comes back empty, messages are dropped.
 //
 // The GUI thread must never block on the worker while the worker may be waiting
 // for an answer; to wait at the end, give up first and call warte().
