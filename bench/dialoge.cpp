@@ -2,13 +2,16 @@
 // 300 genres), started as the desktop program starts it on a private copy:
 // opening the film dialog with every catalogue it offers, one key typed into its
 // person field (completion over every person), the usage counts of the lookup
-// catalogues and of the persons list, and the merge of two genres. Runs on the
-// offscreen platform unless another is set.
+// catalogues and of the persons list, and the merge of two genres; then the
+// retrieval dialogs: the film search to its hit dialog, a hit dialog of 10,000
+// hits, a watch list of 10,000 entries and the tag search over 50,000 tag files.
+// Runs on the offscreen platform unless another is set.
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <cstdio>
@@ -16,6 +19,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <tuple>
 
 #include "app/CApplikation.h"
 #include "app/LookupDienst.h"
@@ -23,7 +27,18 @@
 #include "app/Zeichensatz.h"
 #include "bench/generator/Messplatz.h"
 #include "domain/Objekte.h"
+#include "domain/Tags.h"
+#include "retrieval/Vormerklisten.h"
+#include "ui/aktionen/Aktionen.h"
+#include "ui/baum/KatalogAnsicht.h"
 #include "ui/dialoge/objekte/FilmDlg.h"
+#include "ui/dialoge/suche/CDlgSuche.h"
+#include "ui/dialoge/suche/CDlgTreffer.h"
+#include "ui/dialoge/suche/Liste.h"
+#include "ui/dialoge/suche/Objektbefehle.h"
+#include "ui/dialoge/tags/CDlgTagSuche.h"
+#include "ui/dialoge/vormerk/CDlgVormerkListe.h"
+#include "ui/widgets/TextFeld.h"
 
 namespace {
 
@@ -180,5 +195,123 @@ void BM_ZweiGenresZusammenfuehren(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_ZweiGenresZusammenfuehren)->Iterations(20)->Unit(benchmark::kMillisecond);
+
+// ---- The retrieval dialogs ----------------------------------------------------
+
+// The tree and the commands the hit lists share with it, made once.
+struct Recherche {
+    explicit Recherche(CApplikation& app)
+        : baum(app), aktionen(fenster, baum), befehle(app, baum, aktionen) {}
+    QWidget fenster;
+    ui::KatalogAnsicht baum;
+    ui::Aktionen aktionen;
+    ui::Objektbefehle befehle;
+};
+
+Recherche& recherche() {
+    static Recherche r(sammlung().app);
+    return r;
+}
+
+bool waehleText(QComboBox* c, const char* text) {
+    const int i = c->findText(QString::fromLatin1(text));
+    c->setCurrentIndex(i);
+    return i >= 0;
+}
+
+// The film search of the search benchmark, built row by row in the editor;
+// timed from "Suchen" to the filled hit dialog.
+void BM_FilmsucheBisTrefferdialog(benchmark::State& state) {
+    Sammlung& s = sammlung();
+    ui::CDlgSuche d(nullptr, s.app, recherche().befehle);
+    const std::tuple<const char*, const char*, const char*> zeilen[] = {
+        {"Titel", "=", "*ab*"}, {"Genre", "=", "Drama*"}, {"Jahr", ">=", "2000"}};
+    for (const auto& [kriterium, op, daten] : zeilen) {
+        if (!waehleText(d.kriterium(), kriterium) || !waehleText(d.op(), op)) std::abort();
+        d.daten()->setText(QString::fromLatin1(daten));
+        d.hinzufuegen();
+    }
+    int treffer = 0;
+    for (auto _ : state) {
+        d.suchen();
+        auto* dlg = d.findChild<ui::CDlgTreffer*>();
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        treffer = dlg ? dlg->liste().modell().rowCount() : -1;
+        delete dlg;
+        state.ResumeTiming();
+    }
+    state.counters["Treffer"] = treffer;
+}
+BENCHMARK(BM_FilmsucheBisTrefferdialog)->Unit(benchmark::kMillisecond);
+
+void BM_TrefferdialogMit10000Treffern(benchmark::State& state) {
+    Sammlung& s = sammlung();
+    auto alle = s.app.dienste().suche().suche({{kObjektFilm, 1, 1, 2, "*"}});
+    if (!alle.ok() || alle->treffer.size() < 10000) std::abort();
+    alle->treffer.resize(10000);
+    for (auto _ : state) {
+        ui::CDlgTreffer dlg(nullptr, s.app, recherche().befehle, alle.wert());
+        dlg.show();
+        QCoreApplication::processEvents();
+        state.PauseTiming();  // closing is not opening
+        dlg.close();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_TrefferdialogMit10000Treffern)->Unit(benchmark::kMillisecond);
+
+// A watch list of the first 10,000 films, written straight into the copy.
+long listeMit10000Filmen(CApplikation& app) {
+    Vormerklisten v(app.db());
+    const long liste = v.neu("Zehntausend");
+    for (long i = 1; i <= 10000; ++i)
+        v.fuegeHinzuAn(liste, kObjektFilm, i, static_cast<std::uint16_t>(i));
+    return liste;
+}
+
+void BM_VormerklisteMit10000Eintraegen(benchmark::State& state) {
+    Sammlung& s = sammlung();
+    static const long liste = listeMit10000Filmen(s.app);
+    for (auto _ : state) {
+        ui::CDlgVormerkListe dlg(nullptr, s.app, recherche().befehle, QStringLiteral("Liste"),
+                                 [&] { return s.app.dienste().vormerk().inhalt({liste}); });
+        dlg.show();
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        if (dlg.liste().modell().rowCount() != 10000) std::abort();
+        dlg.close();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_VormerklisteMit10000Eintraegen)->Unit(benchmark::kMillisecond);
+
+// 50,000 tag files (every tenth film lent out); timed from "Suchen" with its
+// progress to the filled hit dialog.
+void BM_TagsucheUeber50000Dateien(benchmark::State& state) {
+    Sammlung& s = sammlung();
+    static const bool geschrieben = [&] {
+        for (long id = 1; id <= 50000; ++id)
+            if (!schreibeTags(s.app.fs(), s.app.ordner().tags, kObjektFilm, id,
+                              {id % 10 == 0 ? "verliehen an Klaus" : "Tag " + std::to_string(id)}))
+                return false;
+        return true;
+    }();
+    if (!geschrieben) std::abort();
+    ui::CDlgTagSuche d(nullptr, s.app, recherche().befehle);
+    d.text()->setText(QStringLiteral("klaus"));
+    int treffer = 0;
+    for (auto _ : state) {
+        d.suchen();
+        auto* dlg = d.findChild<ui::CDlgTagTreffer*>();
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        treffer = dlg ? dlg->liste().modell().rowCount() : -1;
+        delete dlg;
+        state.ResumeTiming();
+    }
+    state.counters["Treffer"] = treffer;
+}
+BENCHMARK(BM_TagsucheUeber50000Dateien)->Unit(benchmark::kMillisecond);
 
 }  // namespace
