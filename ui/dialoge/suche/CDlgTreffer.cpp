@@ -76,7 +76,7 @@ CDlgTreffer::CDlgTreffer(QWidget* eltern, CApplikation& app, Objektbefehle& befe
             {alsQString(t.titel), alsQString(t.grund), alsQString(SuchDienst::objektName(t.typ))});
         objekte.push_back({t.typ, t.id});
     }
-    liste().setzeBreiten({240, 400});
+    liste().setzeBreiten({230, 380});
     fuelle(std::move(zeilen), std::move(objekte), alsQString(ergebnis_.status));
     fertig();
 }
