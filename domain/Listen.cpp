@@ -1,8 +1,10 @@
 // Building the object lists from the tables, one object at a time.
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include "base/Hilfen.h"
@@ -12,19 +14,27 @@
 namespace dv {
 namespace {
 
-// A box with the sort key of its title, linked like the boxes themselves, so that
-// the keys are made once per box and not in every comparison.
+// A box with the place of its title's sort key in one shared buffer, led by the
+// key's first eight bytes as a big-endian number: most comparisons of a sort then
+// end on that number, without following a pointer to the key.
 struct BoxSchluessel {
-    std::string schluessel;
+    std::uint64_t anfang;
+    const char* schluessel;
     BoxElement* box;
-    BoxSchluessel* pPrev;
-    BoxSchluessel* pNext;
 };
 
+std::uint64_t anfangVon(const char* s) {
+    std::uint64_t n = 0;
+    int i = 0;
+    for (; i < 8 && s[i]; ++i) n = n << 8 | static_cast<unsigned char>(s[i]);
+    return n << 8 * (8 - i);
+}
+
 int vergleicheBoxSchluessel(const void* a, const void* b) {
-    const auto* x = *static_cast<BoxSchluessel* const*>(a);
-    const auto* y = *static_cast<BoxSchluessel* const*>(b);
-    return std::strcmp(x->schluessel.c_str(), y->schluessel.c_str());
+    const auto* x = static_cast<const BoxSchluessel*>(a);
+    const auto* y = static_cast<const BoxSchluessel*>(b);
+    if (x->anfang != y->anfang) return x->anfang < y->anfang ? -1 : 1;
+    return std::strcmp(x->schluessel, y->schluessel);
 }
 
 }  // namespace
@@ -72,18 +82,34 @@ FilmElement* Datenbank::Obj2FilmListe(const Zeile5& z) {
 BoxElement* Datenbank::sortBoxListe(BoxElement* kopf) {
     if (!kopf) return kopf;
     while (kopf->pPrev) kopf = kopf->pPrev;
-    std::vector<BoxSchluessel> v;
-    for (BoxElement* b = kopf; b; b = b->pNext)
-        v.push_back({boxTitelSchluessel(b->cpText), b, nullptr, nullptr});
-    for (std::size_t i = 0; i < v.size(); ++i) {
-        v[i].pPrev = i > 0 ? &v[i - 1] : nullptr;
-        v[i].pNext = i + 1 < v.size() ? &v[i + 1] : nullptr;
+    std::size_t n = 0;
+    std::string text;
+    std::vector<std::size_t> stelle;
+    for (BoxElement* b = kopf; b; b = b->pNext, ++n) {
+        stelle.push_back(text.size());
+        text += boxTitelSchluessel(b->cpText);
+        text += '\0';
     }
-    BoxSchluessel* s =
-        sortiereListe(&v[0], vergleicheBoxSchluessel, trace(), "CApplikation::sortBoxListe");
+    auto* feld = static_cast<BoxSchluessel*>(std::malloc(n * sizeof(BoxSchluessel)));
+    if (!feld) return kopf;
+    DV_TRACE(trace(), kTraceSpeicher, "[malloc] pArray = [%08x] {%s}", adr(feld),
+             "CApplikation::sortBoxListe");
+    std::size_t i = 0;
+    for (BoxElement* b = kopf; b; b = b->pNext, ++i) {
+        const char* s = text.c_str() + stelle[i];
+        feld[i] = {anfangVon(s), s, b};
+    }
+    // The C library's sort, as for every other list: boxes of equal keys come out
+    // in the order it gives them.
+    std::qsort(feld, n, sizeof(BoxSchluessel), vergleicheBoxSchluessel);
     BoxElement* neu = nullptr;
     BoxElement* letzter = nullptr;
-    for (; s; s = s->pNext) bau::haengeAn(neu, letzter, s->box);
+    for (i = 0; i < n; ++i) {
+        bau::haengeAn(neu, letzter, feld[i].box);
+    }
+    DV_TRACE(trace(), kTraceSpeicher, "[free] pArray = [%08x] {%s}", adr(feld),
+             "CApplikation::sortBoxListe");
+    std::free(feld);
     return neu;
 }
 
