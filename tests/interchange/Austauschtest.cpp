@@ -1,12 +1,11 @@
 #include "tests/interchange/Austauschtest.h"
 
-#include <zlib.h>
-
 #include <fstream>
 #include <sstream>
 
 #include "domain/Tags.h"
 #include "interchange/ExportQuelle.h"
+#include "tests/support/Kvt.h"
 
 namespace dv::test {
 namespace {
@@ -214,12 +213,7 @@ std::string alsU32(std::uint32_t v) {
 namespace {
 
 std::string gepackt(const std::string& roh) {
-    uLongf n = compressBound(static_cast<uLong>(roh.size()));
-    std::string z(n, '\0');
-    compress(reinterpret_cast<Bytef*>(z.data()), &n, reinterpret_cast<const Bytef*>(roh.data()),
-             static_cast<uLong>(roh.size()));
-    z.resize(n);
-    return alsU32(static_cast<std::uint32_t>(roh.size())) + z;
+    return alsU32(static_cast<std::uint32_t>(roh.size())) + zlibStrom(roh);
 }
 
 }  // namespace

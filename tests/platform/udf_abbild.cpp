@@ -59,11 +59,7 @@ std::string hex(std::uint32_t wert) {
 long sektorMitTag(const std::string& bytes, int id, std::size_t ab = 0) {
     for (std::size_t off = ab; off + 2048 <= bytes.size(); off += 2048) {
         const auto* p = reinterpret_cast<const unsigned char*>(bytes.data()) + off;
-        unsigned char summe = 0;
-        for (int i = 0; i < 16; ++i) {
-            if (i != 4) summe = static_cast<unsigned char>(summe + p[i]);
-        }
-        if ((p[0] | (p[1] << 8)) == id && summe == p[4] && (p[0] | p[1]))
+        if ((p[0] | (p[1] << 8)) == id && test::tagPruefsumme(p) == p[4] && (p[0] | p[1]))
             return static_cast<long>(off);
     }
     return -1;

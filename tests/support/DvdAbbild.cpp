@@ -3,33 +3,19 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <cstdio>
+#include <QStandardPaths>
 #include <filesystem>
+#include <sstream>
 
+#include "tests/support/Prozess.h"
 #include "tests/support/TempOrdner.h"
 
 namespace dv::test {
 namespace {
 
-std::string zitiert(const std::string& s) {
-    std::string q = "'";
-    for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return q + "'";
-}
-
-// Runs a shell command; returns its standard output, and the exit status in *status.
-std::string fuehreAus(const std::string& befehl, int* status) {
-    std::string out;
-    FILE* p = ::popen(befehl.c_str(), "r");
-    if (!p) {
-        *status = -1;
-        return out;
-    }
-    char puffer[4096];
-    std::size_t n;
-    while ((n = std::fread(puffer, 1, sizeof puffer, p)) > 0) out.append(puffer, n);
-    *status = ::pclose(p);
-    return out;
+// The tool's full path ("" when it is not installed).
+std::string werkzeug(const char* name) {
+    return QStandardPaths::findExecutable(QString::fromLatin1(name)).toStdString();
 }
 
 void setzeZeit(const std::string& pfad) {
@@ -50,11 +36,15 @@ std::uint16_t crcItu(const unsigned char* p, std::size_t n) {
 
 }  // namespace
 
+unsigned char tagPruefsumme(const unsigned char* tag) {
+    unsigned char summe = 0;
+    for (int i = 0; i < 16; ++i)
+        if (i != 4) summe = static_cast<unsigned char>(summe + tag[i]);
+    return summe;
+}
+
 bool abbildWerkzeugeDa() {
-    int s1 = 0, s2 = 0;
-    fuehreAus("command -v genisoimage >/dev/null 2>&1", &s1);
-    fuehreAus("command -v udfinfo >/dev/null 2>&1", &s2);
-    return s1 == 0 && s2 == 0;
+    return !werkzeug("genisoimage").empty() && !werkzeug("udfinfo").empty();
 }
 
 std::string baueAbbild(const std::string& ordner, const std::vector<BaumDatei>& baum,
@@ -74,29 +64,21 @@ std::string baueAbbild(const std::string& ordner, const std::vector<BaumDatei>& 
     for (const auto& e : fs::recursive_directory_iterator(wurzel)) setzeZeit(e.path().string());
     setzeZeit(wurzel);
     const std::string abbild = ordner + datei;
-    int status = 0;
-    fuehreAus(std::string("genisoimage -quiet -input-charset utf-8 ") + (udf ? "-udf " : "") +
-                  "-V " + zitiert(volumen) + " -o " + zitiert(abbild) + " " + zitiert(wurzel) +
-                  " 2>&1",
-              &status);
-    return status == 0 ? abbild : "";
+    std::vector<std::string> argumente{"-quiet", "-input-charset", "utf-8"};
+    if (udf) argumente.push_back("-udf");
+    argumente.insert(argumente.end(), {"-V", volumen, "-o", abbild, wurzel});
+    return fuehreAus(werkzeug("genisoimage"), argumente).code == 0 ? abbild : "";
 }
 
 std::map<std::string, std::string> udfinfo(const std::string& abbild) {
-    int status = 0;
-    const std::string out = fuehreAus("udfinfo " + zitiert(abbild) + " 2>/dev/null", &status);
+    const Lauf lauf = fuehreAus(werkzeug("udfinfo"), {abbild});
     std::map<std::string, std::string> werte;
-    if (status != 0) return werte;
-    std::size_t a = 0;
-    while (a < out.size()) {
-        std::size_t e = out.find('\n', a);
-        if (e == std::string::npos) e = out.size();
-        const std::string zeile = out.substr(a, e - a);
+    if (lauf.code != 0) return werte;
+    std::istringstream zeilen(lauf.aus);
+    for (std::string zeile; std::getline(zeilen, zeile);) {
         const std::size_t gleich = zeile.find('=');
-        if (gleich != std::string::npos && zeile.find(',') == std::string::npos) {
+        if (gleich != std::string::npos && zeile.find(',') == std::string::npos)
             werte[zeile.substr(0, gleich)] = zeile.substr(gleich + 1);
-        }
-        a = e + 1;
     }
     return werte;
 }
@@ -105,11 +87,7 @@ long findeOrdnerEintrag(const std::string& bytes, const std::string& name) {
     const auto* p = reinterpret_cast<const unsigned char*>(bytes.data());
     for (std::size_t off = 0; off + 40 + name.size() <= bytes.size(); off += 4) {
         if (p[off] != 0x01 || p[off + 1] != 0x01) continue;  // tag 257
-        unsigned char summe = 0;
-        for (int i = 0; i < 16; ++i) {
-            if (i != 4) summe = static_cast<unsigned char>(summe + p[off + i]);
-        }
-        if (summe != p[off + 4]) continue;
+        if (tagPruefsumme(p + off) != p[off + 4]) continue;
         const std::size_t liu = p[off + 36] | (p[off + 37] << 8);
         const std::size_t lfi = p[off + 19];
         if (lfi != name.size() + 1 || off + 38 + liu + lfi > bytes.size()) continue;
@@ -128,11 +106,7 @@ void repariereTag(std::string& bytes, std::size_t off) {
         p[8] = static_cast<unsigned char>(crc & 0xFF);
         p[9] = static_cast<unsigned char>(crc >> 8);
     }
-    unsigned char summe = 0;
-    for (int i = 0; i < 16; ++i) {
-        if (i != 4) summe = static_cast<unsigned char>(summe + p[i]);
-    }
-    p[4] = summe;
+    p[4] = tagPruefsumme(p);
 }
 
 bool versteckeEintrag(const std::string& abbild, const std::string& name) {

@@ -37,6 +37,9 @@ bool versteckeEintrag(const std::string& abbild, const std::string& name);
 // The UDF directory entry of that name: byte offset of its tag in the image, or -1.
 long findeOrdnerEintrag(const std::string& bytes, const std::string& name);
 
+// The checksum of the 16-byte descriptor tag at tag (byte 4 left out).
+unsigned char tagPruefsumme(const unsigned char* tag);
+
 // Recomputes checksum and CRC of the descriptor tag at offset off in bytes.
 void repariereTag(std::string& bytes, std::size_t off);
 

@@ -16,20 +16,10 @@ class FehlerDatei : public Datei {
         return innen_->lese(pos, ziel, n);
     }
     bool schreibe(std::int64_t pos, const void* quelle, std::size_t n) override {
-        fs_.veraendere([&] { innen_->schreibe(pos, quelle, n / 2); });
-        if (fs_.naechsterSchreibvorgangScheitert()) {
-            if (fs_.zerreissen && n > 1) innen_->schreibe(pos, quelle, n / 2);
-            return false;
-        }
-        return innen_->schreibe(pos, quelle, n);
+        return gestoert(n, [&](std::size_t k) { return innen_->schreibe(pos, quelle, k); });
     }
     bool haengeAn(const void* quelle, std::size_t n) override {
-        fs_.veraendere([&] { innen_->haengeAn(quelle, n / 2); });
-        if (fs_.naechsterSchreibvorgangScheitert()) {
-            if (fs_.zerreissen && n > 1) innen_->haengeAn(quelle, n / 2);
-            return false;
-        }
-        return innen_->haengeAn(quelle, n);
+        return gestoert(n, [&](std::size_t k) { return innen_->haengeAn(quelle, k); });
     }
     bool kuerze(std::int64_t l) override {
         fs_.veraendere();
@@ -38,6 +28,17 @@ class FehlerDatei : public Datei {
     bool synchronisiere() override { return innen_->synchronisiere(); }
 
   private:
+    // A write of n bytes through schreib(k), with the crash and the fault it may meet.
+    template <class F>
+    bool gestoert(std::size_t n, F&& schreib) {
+        fs_.veraendere([&] { schreib(n / 2); });
+        if (fs_.naechsterSchreibvorgangScheitert()) {
+            if (fs_.zerreissen && n > 1) schreib(n / 2);
+            return false;
+        }
+        return schreib(n);
+    }
+
     std::unique_ptr<Datei> innen_;
     FehlerDateisystem& fs_;
 };

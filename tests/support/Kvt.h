@@ -7,6 +7,9 @@
 
 namespace dv::test {
 
+// One zlib stream of text.
+std::string zlibStrom(const std::string& text);
+
 // laenge: the length written into the header (a wrong one makes a damaged file).
 std::string kvt(const std::string& text, std::uint32_t laenge);
 std::string kvt(const std::string& text);
