@@ -107,9 +107,9 @@ TEST(BoxDatei, ReihenfolgeUndPositionenDerListen) {
     EXPECT_EQ(texte(0x60)[0].size(), 700u + 18u);  // longer than a short entry can hold
 }
 
-TEST(BoxDatei, PersonFunktionAusserhalbDerFilmlisteUndOhneFunktion) {
+TEST(BoxDatei, PersonFunktionAusserhalbDerFilmlisteLangerInhaltUndDateiname) {
     Katalogumgebung k;
-    const long box = k.db->neueBox("1", "B", 0);
+    const long box = k.db->neueBox("../../a:b", "B", 0);
     Zeile9 d{};
     const long dvd = k.db->neueDvd(box, d);
     const long film = k.db->neuerFilm(dvd, "F", 0, 0, 0);
@@ -119,12 +119,19 @@ TEST(BoxDatei, PersonFunktionAusserhalbDerFilmlisteUndOhneFunktion) {
     k.db->schreibeFilmPersonen(film, {PersonEintrag{p, kamera, {""}}});
     // A link whose function was deleted afterwards: its partner is -1.
     k.db->katalog().Film_Person.insert(film, p, 999, 9);
+    k.db->schreibeInhalt(film, std::string(70000, 'i'));
     BoxLeser leser;
     ASSERT_TRUE(leser.leseBytes(baue(k, box, SchreibOptionen{})));
     const auto e = eintraege(leser.daten());
     EXPECT_EQ(texteVon(e, 0x5c), (std::vector<std::string>{"Regie", "Kamera"}));
     EXPECT_EQ(texteVon(e, 0x5e), (std::vector<std::string>{"1#2", "1#-1"}));
     EXPECT_TRUE(texteVon(e, 0x5f).empty());  // an empty alias is not written
+    ASSERT_EQ(texteVon(e, 0x60).size(), 1u);
+    EXPECT_EQ(texteVon(e, 0x60)[0].size(), 65535u);  // cut to what a long entry holds
+    // The EAN becomes a safe file name.
+    BoxListe b = k.db->getBox(box);
+    EXPECT_EQ(BoxSchreiber::zielPfad(*b, "/z/"), "/z/______a_b.box");
+    EXPECT_EQ(BoxSchreiber::zielPfad(*b, "/z/", "frei.box"), "/z/frei.box");
 }
 
 TEST(BoxDatei, BloeckeGepacktUndUngepackt) {
@@ -175,27 +182,6 @@ TEST(BoxDatei, CoverTypenUndUnbekannteEndung) {
     schreibeDatei(stamm + ".jpg", "JPG");
     EXPECT_TRUE(s.schreibe(*b, k.basis / ""));
     EXPECT_TRUE(gibtEs(k.basis / "42.box"));
-}
-
-TEST(BoxDatei, EanWirdZumSicherenDateinamen) {
-    Katalogumgebung k;
-    const long box = k.db->neueBox("../../a:b", "X", 0);
-    BoxListe b = k.db->getBox(box);
-    EXPECT_EQ(BoxSchreiber::zielPfad(*b, "/z/"), "/z/______a_b.box");
-    EXPECT_EQ(BoxSchreiber::zielPfad(*b, "/z/", "frei.box"), "/z/frei.box");
-}
-
-TEST(BoxDatei, LangeTexteWerdenGekappt) {
-    Katalogumgebung k;
-    const long box = k.db->neueBox("1", "B", 0);
-    const long dvd = k.db->neueDvd(box, Zeile9{});
-    const long film = k.db->neuerFilm(dvd, "F", 0, 0, 0);
-    k.db->schreibeInhalt(film, std::string(70000, 'i'));
-    BoxLeser leser;
-    ASSERT_TRUE(leser.leseBytes(baue(k, box, SchreibOptionen{})));
-    const auto inhalt = texteVon(eintraege(leser.daten()), 0x60);
-    ASSERT_EQ(inhalt.size(), 1u);
-    EXPECT_EQ(inhalt[0].size(), 65535u);
 }
 
 // ---- The reader on damaged and foreign files ------------------------------------

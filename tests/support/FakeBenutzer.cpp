@@ -36,8 +36,9 @@ std::vector<int> FakeBenutzer::waehle(const std::string& titel, const std::strin
     return nimm(auswahlen, std::vector<int>{});
 }
 
-bool FakeBenutzer::info(const std::string&,
-                        const std::vector<std::pair<std::string, std::string>>&) {
+bool FakeBenutzer::info(const std::string& titel,
+                        const std::vector<std::pair<std::string, std::string>>& felder) {
+    infos.emplace_back(titel, felder);
     return nimm(infoAntworten, true);
 }
 

@@ -33,6 +33,8 @@ class FakeBenutzer : public Benutzer {
     // Each waehle(): caption and column (in text), and the entries offered.
     std::vector<Gezeigt> auswahlDialoge;
     std::vector<std::vector<std::string>> auswahlEintraege;
+    // Each info(): caption and fields.
+    std::vector<std::pair<std::string, std::vector<std::pair<std::string, std::string>>>> infos;
 
     bool frage(const std::string& titel, const std::string& text) override;
     void meldung(const std::string& titel, const std::string& text, Symbol symbol) override;
