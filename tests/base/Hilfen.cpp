@@ -137,7 +137,7 @@ TEST(Datum, StampForms) {
     EXPECT_EQ(datumsStempel('_', DatumsForm::JahrInDerMitte), "05_2007_03");
 }
 
-TEST(Seitendateien, PathsAndLifecycle) {
+TEST(Seitendateien, PathsLifecycleAndIdsWithoutFile) {
     TempOrdner tmp;
     auto& fs = echtesDateisystem();
     EXPECT_EQ(seitenDateiPfad(tmp.pfad(), 42), tmp / "42.txt");
@@ -156,14 +156,11 @@ TEST(Seitendateien, PathsAndLifecycle) {
     schreibeSeitenDatei(fs, tmp.pfad(), 7, "x");
     EXPECT_TRUE(loescheSeitenDatei(fs, tmp.pfad(), 7));
     EXPECT_FALSE(gibtEs(tmp / "7.txt"));
-}
 
-TEST(Seitendateien, IdsOfZeroOrLessHaveNone) {
-    TempOrdner tmp;
-    auto& fs = echtesDateisystem();
+    // Ids of zero or less have none, whatever lies in the folder.
     schreibeDatei(tmp / "0.txt", "da");
     schreibeDatei(tmp / "-1.txt", "da");
-    std::string t = "x";
+    t = "x";
     for (long id : {0L, -1L}) {
         EXPECT_FALSE(seitenDateiExistiert(fs, tmp.pfad(), id));
         EXPECT_FALSE(loescheSeitenDatei(fs, tmp.pfad(), id));

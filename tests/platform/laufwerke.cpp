@@ -46,15 +46,6 @@ TEST(Laufwerksbuchstaben, ProcCdromInfo) {
     EXPECT_TRUE(cdromInfoGeraete("drive name:\n").empty());
 }
 
-TEST(Laufwerksbuchstaben, DieDesSystemsSindGeordnet) {
-    const auto liste = systemLaufwerke().liste();
-    char erwartet = 'D';
-    for (const auto& l : liste) {
-        EXPECT_EQ(l.buchstabe, erwartet++);
-        EXPECT_FALSE(l.geraet.empty());
-    }
-}
-
 TEST(Systemfehler, DeutscheTexte) {
     EXPECT_EQ(systemFehlerText(ENOENT), "Das System kann die angegebene Datei nicht finden.");
     EXPECT_EQ(systemFehlerText(ENOMEDIUM), "Das Gerät ist nicht bereit.");
