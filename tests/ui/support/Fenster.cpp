@@ -50,14 +50,6 @@ std::string Fenster::letzterMeldungsTitel() const {
     return benutzer.meldungen.empty() ? std::string() : benutzer.meldungen.back().titel;
 }
 
-bool Fenster::loese(const char* name) {
-    auto* a = fenster().findChild<QAction*>(QString::fromLatin1(name));
-    if (!a || !a->isEnabled()) return false;
-    a->trigger();
-    QApplication::processEvents();
-    return true;
-}
-
 bool Fenster::loese(int befehlsId) {
     QAction* a = fenster().aktionen().aktion(befehlsId);
     if (!a || !a->isEnabled()) return false;
@@ -97,29 +89,30 @@ QModelIndex Fenster::knoten(int typ, long id) {
     return fenster().katalog().modell().finde(typ, id);
 }
 
+// The value of a service's answer; a refusal ends the test's set-up.
+template <class R>
+static auto wert(R antwort) {
+    if (!antwort.ok()) throw std::runtime_error(antwort.grund());
+    return antwort.wert();
+}
+
 NeueBox Fenster::neueBox(const std::string& titel, const std::string& ean) {
     BoxWerte w;
     w.titel = titel;
     w.ean = ean;
-    auto neu = app.dienste().objekte().neueBox(w);
-    if (!neu.ok()) throw std::runtime_error(neu.grund());
-    return neu.wert();
+    return wert(app.dienste().objekte().neueBox(w));
 }
 
 long Fenster::neueDvd(long box, const std::string& titel) {
     DvdWerte w;
     w.titel = titel;
-    auto neu = app.dienste().objekte().neueDvd(box, w);
-    if (!neu.ok()) throw std::runtime_error(neu.grund());
-    return neu.wert();
+    return wert(app.dienste().objekte().neueDvd(box, w));
 }
 
 long Fenster::neuerFilm(long dvd, const std::string& titel) {
     FilmWerte w;
     w.titel = titel;
-    auto neu = app.dienste().objekte().neuerFilm(dvd, w);
-    if (!neu.ok()) throw std::runtime_error(neu.grund());
-    return neu.wert();
+    return wert(app.dienste().objekte().neuerFilm(dvd, w));
 }
 
 }  // namespace dv::test

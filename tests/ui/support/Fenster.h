@@ -2,7 +2,7 @@
 // The shared set-up of the desktop tests: a temporary program folder with its
 // own settings file, the application started on it with the scripted user
 // answering every question, and the real main window on top. Helpers trigger a
-// command by its objectName, choose a tree node, and find the dialog a command
+// command by its id, choose a tree node, and find the dialog a command
 // opened with open(), so each test reads as the user's steps.
 
 #include <QApplication>
@@ -42,9 +42,8 @@ class Fenster {
     std::string letzteMeldung() const;
     std::string letzterMeldungsTitel() const;
 
-    // Triggers the command whose action is named name ("cmd40009"); false when
-    // there is no such action or it is disabled.
-    bool loese(const char* name);
+    // Triggers the command of that id; false when there is no such action or it
+    // is disabled.
     bool loese(int befehlsId);
     bool aktiv(int befehlsId);
 
