@@ -94,7 +94,7 @@ TEST_F(ProtokollTest, RollsOverOnlyWhenALineCrossesTheLimit) {
     EXPECT_TRUE(gibtEs(p.backupPfad()));
 }
 
-TEST_F(ProtokollTest, FailedBackupCopyKeepsTheLog) {
+TEST_F(ProtokollTest, FileSystemFaultsKeepTheLogOrDropTheLine) {
     FehlerDateisystem fs;
     fs.sperre = ".bak";
     Protokoll q(fs);
@@ -103,6 +103,17 @@ TEST_F(ProtokollTest, FailedBackupCopyKeepsTheLog) {
     schreibeDatei(q.logPfad(), std::string(kTraceMaxGroesse, 'a'));
     q.zeile(2, "x");
     EXPECT_EQ(leseDatei(q.logPfad()).size(), kTraceMaxGroesse + std::strlen(kStempel) + 2);
+
+    // A log that cannot be opened drops the line; a folder that cannot be made
+    // falls back to the drive.
+    fs.sperre = "zelka";
+    q.setzeLogPfad(tmp / "sub/zelka");
+    q.zeile(2, "weg");
+    EXPECT_FALSE(gibtEs(tmp / "sub/zelka.log"));
+    fs.sperre = "gesperrt";
+    q.setzeLogPfad(tmp / "gesperrt/zelka.log");
+    EXPECT_EQ(q.logPfad(), "C:\\zelka.log");
+    EXPECT_EQ(q.backupPfad(), "C:\\zelka.bak");
 }
 
 TEST_F(ProtokollTest, OverlongLineIsCutButKeepsItsLineEnd) {
@@ -113,20 +124,6 @@ TEST_F(ProtokollTest, OverlongLineIsCutButKeepsItsLineEnd) {
     const std::size_t ende = l.find('\n');
     EXPECT_EQ(ende, 1022u);
     EXPECT_EQ(l.substr(ende + 1), std::string(kStempel) + "danach\n");
-}
-
-TEST_F(ProtokollTest, UnopenableLogDropsTheLineAndAnUncreatableFolderFallsBackToTheDrive) {
-    FehlerDateisystem fs;
-    fs.sperre = "zelka";
-    Protokoll q(fs);
-    q.setzeLogPfad(tmp / "sub/zelka");
-    q.setzeMaske(2);
-    q.zeile(2, "weg");
-    EXPECT_FALSE(gibtEs(tmp / "sub/zelka.log"));
-    fs.sperre = "gesperrt";
-    q.setzeLogPfad(tmp / "gesperrt/zelka.log");
-    EXPECT_EQ(q.logPfad(), "C:\\zelka.log");
-    EXPECT_EQ(q.backupPfad(), "C:\\zelka.bak");
 }
 
 TEST_F(ProtokollTest, LogPathWithAndWithoutExtension) {
@@ -157,9 +154,7 @@ TEST_F(ProtokollTest, MessagesAreAppendedWithoutTimeStamp) {
     EXPECT_EQ(leseDatei(tmp / "Meldungen/reset_wp.log"),
               "<05.03.2007 14:07:09> Die Positionen des Hauptfensters wurden auf Wunsch "
               "gel\xF6scht.\n");
-}
-
-TEST_F(ProtokollTest, MissingMessageFolderLosesLinesQuietly) {
+    // A missing message folder loses lines quietly.
     p.setzeMeldungsOrdner(tmp / "fehlt/");
     p.meldung("verloren");
     EXPECT_FALSE(gibtEs(tmp / "fehlt"));
