@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "output/Uebersicht.h"
 #include "tests/domain/DomainUmgebung.h"
 #include "tests/support/FakeBenutzer.h"
@@ -203,13 +205,10 @@ TEST_F(UebersichtTest, EinstellungsdateiHinUndZurueck) {
                                   "# Listen-Überschrift\nUeberschrift=\"Übersicht aller Boxen\"\n\n"
                                   "# Hintergrundbild\nHintergrund=\"" +
                                   e.hintergrund + "\"\n\n");
-    UebersichtEinstellungen gelesen;
-    ASSERT_TRUE(leseUebersichtEinstellungen(echtesDateisystem(), benutzer, ini, gelesen));
-    EXPECT_EQ(gelesen.vorlage, e.vorlage);
-    EXPECT_EQ(gelesen.ziel, e.ziel);
-    EXPECT_EQ(gelesen.titel, e.titel);
-    EXPECT_EQ(gelesen.ueberschrift, e.ueberschrift);
-    EXPECT_EQ(gelesen.hintergrund, e.hintergrund);
+    UebersichtEinstellungen g;
+    ASSERT_TRUE(leseUebersichtEinstellungen(echtesDateisystem(), benutzer, ini, g));
+    EXPECT_EQ(std::tie(g.vorlage, g.ziel, g.titel, g.ueberschrift, g.hintergrund),
+              std::tie(e.vorlage, e.ziel, e.titel, e.ueberschrift, e.hintergrund));
 }
 
 TEST_F(UebersichtTest, FehlerhafteEinstellungsdateiNenntIhrenCode) {

@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QByteArray>
 #include <algorithm>
 #include <chrono>
 #include <tuple>
@@ -33,19 +34,6 @@ std::string kopf(int status, const char* text, std::size_t laenge) {
     return "HTTP/1.0 " + std::to_string(status) + " " + text +
            "\r\nContent-Length: " + std::to_string(laenge) +
            "\r\nContent-Type: application/octet-stream\r\nConnection: close\r\n\r\n";
-}
-
-std::string dekodiere(const std::string& s) {
-    std::string aus;
-    for (std::size_t i = 0; i < s.size(); ++i) {
-        if (s[i] == '%' && i + 2 < s.size()) {
-            aus += static_cast<char>(std::stoi(s.substr(i + 1, 2), nullptr, 16));
-            i += 2;
-        } else {
-            aus += s[i];
-        }
-    }
-    return aus;
 }
 
 }  // namespace
@@ -122,7 +110,9 @@ void TestServer::bediene(int fd) {
     const std::size_t a = anfrage.find(' ');
     const std::size_t b = a == std::string::npos ? a : anfrage.find(' ', a + 1);
     if (b != std::string::npos && anfrage.compare(0, a, "GET") == 0 && anfrage[a + 1] == '/') {
-        antworte(fd, dekodiere(anfrage.substr(a + 2, b - a - 2)));
+        antworte(fd, QByteArray::fromPercentEncoding(
+                         QByteArray::fromStdString(anfrage.substr(a + 2, b - a - 2)))
+                         .toStdString());
     } else {
         sende(fd, kopf(400, "Bad Request", 0));
     }
