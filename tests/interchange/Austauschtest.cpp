@@ -83,9 +83,6 @@ std::unique_ptr<Datenbank> oeffneKatalog(Dateisystem& fs, const std::string& pro
     return db;
 }
 
-Katalogumgebung::Katalogumgebung(Dateisystem& fs)
-    : protokoll(fs), db(oeffneKatalog(fs, basis.pfad(), ordner, protokoll, u)) {}
-
 ImportErgebnis Austauschumgebung::importiere(const std::string& name, const std::string& bytes) {
     schreibeDatei(basis / name, bytes);
     return imp.importiere(basis / name);

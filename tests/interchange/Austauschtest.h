@@ -14,6 +14,7 @@
 #include "domain/Datenbank.h"
 #include "interchange/Austausch.h"
 #include "interchange/BoxImport.h"
+#include "tests/domain/DomainUmgebung.h"
 #include "tests/support/FakeBenutzer.h"
 #include "tests/support/FesteUhr.h"
 #include "tests/support/TempOrdner.h"
@@ -25,24 +26,12 @@ namespace dv::test {
 std::unique_ptr<Datenbank> oeffneKatalog(Dateisystem& fs, const std::string& programmOrdner,
                                          Ordner& ordner, Protokoll& protokoll, SpeicherUmgebung& u);
 
-struct Katalogumgebung {
-    explicit Katalogumgebung(Dateisystem& fs = echtesDateisystem());
-
-    template <class T>
-    static long zeilen(T& tab) {
-        long n = 0;
-        tab.scanne([&](const typename T::Zeile&) { ++n; });
-        return n;
-    }
+// The domain tests' catalogue with the counts the exchange tests ask for.
+struct Katalogumgebung : DomainUmgebung {
+    using DomainUmgebung::DomainUmgebung;
     long anzahlBoxen() { return zeilen(db->katalog().Box); }
     long anzahlLookups(int typ) { return zeilen(*db->lookupTabelle(typ)); }
     long anzahlPersonen() { return zeilen(db->katalog().Person); }
-
-    TempOrdner basis;
-    Ordner ordner;
-    Protokoll protokoll;
-    SpeicherUmgebung u;
-    std::unique_ptr<Datenbank> db;
 };
 
 // A catalogue with a scripted user, the exchange front and a box importer on it.
