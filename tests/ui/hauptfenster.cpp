@@ -270,22 +270,11 @@ void HauptfensterTest::menueleisteWieImHandbuch() {
 }
 
 void HauptfensterTest::freigabeFolgtDemKnoten() {
-    Auswahl nichts;
-    Auswahl wurzel;
-    wurzel.art = kWurzelKnoten;
-    Auswahl box = wurzel;
-    box.art = kBoxKnoten;
-    box.box = 4;
-    Auswahl dvd = box;
-    dvd.art = kDvdKnoten;
-    dvd.dvd = 7;
-    dvd.erstes = true;
-    dvd.letztes = false;
-    Auswahl film = dvd;
-    film.art = kFilmKnoten;
-    film.film = 9;
-    film.erstes = false;
-    film.letztes = true;
+    const Auswahl nichts;
+    Auswahl wurzel{.art = kWurzelKnoten};
+    Auswahl box{.art = kBoxKnoten, .box = 4};
+    Auswahl dvd{.art = kDvdKnoten, .box = 4, .dvd = 7, .letztes = false};
+    Auswahl film{.art = kFilmKnoten, .box = 4, .dvd = 7, .film = 9, .erstes = false};
     Auswahl genre = film;
     genre.art = kEintragsKnoten;
 
