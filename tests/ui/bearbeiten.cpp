@@ -22,6 +22,7 @@
 #include <map>
 
 #include "app/PersonenDienst.h"
+#include "tests/ui/support/Dialoge.h"
 #include "tests/ui/support/Fenster.h"
 #include "ui/aktionen/Aktionen.h"
 #include "ui/baum/KatalogAnsicht.h"
@@ -73,10 +74,6 @@ void tippe(QWidget* w, const QString& name, const QString& text) {
         feld->insert(text);
 }
 
-void klicke(QWidget* w, const QString& name) {
-    QTest::mouseClick(kind<QPushButton>(w, name), Qt::LeftButton);
-}
-
 void ok(QDialog* d) {
     QMetaObject::invokeMethod(d, "accept");
     QApplication::processEvents();
@@ -113,7 +110,7 @@ void BearbeitenTest::neueBoxUndAbbrechen() {
     tippe(dlg, "Bezeichnung", "Alien");
     tippe(dlg, "EAN", "4006381333931");
     kind<EintragWahl>(dlg, "Verpackung")->setEditText("Steelbook");
-    klicke(dlg, "Neu...");
+    QVERIFY(test::klicke(*dlg, "Neu..."));
     auto* neu = f.dialog<EingabeDlg>();
     QVERIFY(neu);
     QTest::keyClicks(neu->feld(), "Booklet");
@@ -351,7 +348,7 @@ void BearbeitenTest::katalogeZusammenfuehren() {
     f.benutzer.antworten = {true};
     QTest::keyClick(genres->liste(), Qt::Key_Delete);
     QCOMPARE(f.letzteMeldung(), std::string("\"Krimis\" wird noch von 1 Objekt verwendet."));
-    klicke(genres, QStringLiteral("Zusammenführen..."));
+    QVERIFY(test::klicke(*genres, QStringLiteral("Zusammenführen...")));
     auto* wahl = f.dialog<AuswahlDlg>();
     QVERIFY(wahl);
     QTest::keyClicks(wahl->filter(), "krimi");
@@ -370,10 +367,10 @@ void BearbeitenTest::katalogeZusammenfuehren() {
     QVERIFY(liste);
     liste->waehle(doppelt);
     f.benutzer.antworten = {true};
-    klicke(liste, QStringLiteral("Löschen"));
+    QVERIFY(test::klicke(*liste, QStringLiteral("Löschen")));
     QCOMPARE(f.letzteMeldung(), std::string("\"DeNiro, Robert (0)\" gehört noch zu 1 Film und kann "
                                             "nicht gelöscht werden."));
-    klicke(liste, QStringLiteral("Zusammenführen..."));
+    QVERIFY(test::klicke(*liste, QStringLiteral("Zusammenführen...")));
     wahl = f.dialog<AuswahlDlg>();
     wahl->waehle(deniro);
     f.benutzer.antworten = {true};
