@@ -82,7 +82,7 @@ TEST(Filter, LadenMitAchtTypenErsterEintragGewinntUndFreigabe) {
     EXPECT_EQ(filterTypLabel(0), std::string(""));
 }
 
-TEST(Filter, AnlegenUmbenennenLoeschen) {
+TEST(Filter, AnlegenUmbenennenLoeschenUndEintraege) {
     FilterFall f;
     const long id = f.fv.neu();
     ASSERT_GT(id, 0);
@@ -99,25 +99,24 @@ TEST(Filter, AnlegenUmbenennenLoeschen) {
     EXPECT_FALSE(f.fv.lade(id));
     EXPECT_EQ(f.zeilen(f.k().Filter), 1);  // the other filter's entry stays
     EXPECT_FALSE(f.fv.loesche(id));
-}
 
-TEST(Filter, EintragErsetzenUndEntfernen) {
-    FilterFall f;
-    const long id = f.fv.neu("F");
-    EXPECT_TRUE(f.fv.setzeEintrag(id, 4, 1, "Actor"));
-    EXPECT_TRUE(f.fv.setzeEintrag(id, 4, 1, "Cast"));
+    // Entries: replaced, cut to 128 characters, removed by an empty text or by id.
+    ASSERT_TRUE(f.fv.loesche(neu));
+    const long e = f.fv.neu("F");
+    EXPECT_TRUE(f.fv.setzeEintrag(e, 4, 1, "Actor"));
+    EXPECT_TRUE(f.fv.setzeEintrag(e, 4, 1, "Cast"));
     EXPECT_EQ(f.zeilen(f.k().Filter), 1);
-    EXPECT_EQ(objekte(*f.fv.lade(id), 4), std::vector<std::string>{"1=Cast"});
-    EXPECT_TRUE(f.fv.setzeEintrag(id, 4, 2, std::string(300, 'r')));
-    EXPECT_EQ(objekte(*f.fv.lade(id), 4),
+    EXPECT_EQ(objekte(*f.fv.lade(e), 4), std::vector<std::string>{"1=Cast"});
+    EXPECT_TRUE(f.fv.setzeEintrag(e, 4, 2, std::string(300, 'r')));
+    EXPECT_EQ(objekte(*f.fv.lade(e), 4),
               (std::vector<std::string>{"2=" + std::string(128, 'r'), "1=Cast"}));  // table order
-    EXPECT_TRUE(f.fv.setzeEintrag(id, 4, 1, ""));  // an empty text removes the translation
-    EXPECT_EQ(objekte(*f.fv.lade(id), 4).size(), 1u);
-    EXPECT_TRUE(f.fv.loescheEintrag(id, 4, 2));
+    EXPECT_TRUE(f.fv.setzeEintrag(e, 4, 1, ""));  // an empty text removes the translation
+    EXPECT_EQ(objekte(*f.fv.lade(e), 4).size(), 1u);
+    EXPECT_TRUE(f.fv.loescheEintrag(e, 4, 2));
     EXPECT_EQ(f.zeilen(f.k().Filter), 0);
-    EXPECT_FALSE(f.fv.setzeEintrag(id, 0, 1, "x"));
-    EXPECT_FALSE(f.fv.setzeEintrag(id, 9, 1, "x"));
-    EXPECT_FALSE(f.fv.setzeEintrag(id, 1, 0, "x"));
+    EXPECT_FALSE(f.fv.setzeEintrag(e, 0, 1, "x"));
+    EXPECT_FALSE(f.fv.setzeEintrag(e, 9, 1, "x"));
+    EXPECT_FALSE(f.fv.setzeEintrag(e, 1, 0, "x"));
     EXPECT_FALSE(f.fv.setzeEintrag(555, 1, 1, "x"));
 }
 
