@@ -60,7 +60,7 @@ TEST_F(EinstellungenTest, WithoutAStoreEveryGetterFailsAndNothingIsWritten) {
     EXPECT_EQ(e.dateiPfad(), pfad);
 }
 
-TEST_F(EinstellungenTest, NamedDefaultsAreNotWrittenBackAndStoredValuesWin) {
+TEST_F(EinstellungenTest, DefaultsAreNotWrittenBackStoredValuesWinAndTheGenericGetterStores) {
     legeAn();
     const std::string vorher = leseDatei(pfad);
     EXPECT_EQ(benannte(e), (Werte{47118, 12, 10, 7, -1, -1}));
@@ -74,10 +74,7 @@ TEST_F(EinstellungenTest, NamedDefaultsAreNotWrittenBackAndStoredValuesWin) {
     EXPECT_TRUE(e.setXMLFilter(4));
     Einstellungen neu(pfad);
     EXPECT_EQ(benannte(neu), (Werte{1, 2, 0, 0xFFFFFFFFll, 0, 4}));
-}
-
-TEST_F(EinstellungenTest, GenericNumberGetterStoresTheCallersValue) {
-    legeAn();
+    // A number without a default: the caller's value is stored and read back.
     std::uint32_t z = 1234;
     EXPECT_TRUE(e.getZahl("SplashTime", z));
     EXPECT_EQ(z, 1234u);

@@ -68,21 +68,6 @@ void beschreibeFilm(Datenbank& db, const Ordner& o, const FilmElement& f, bool m
 
 }  // namespace
 
-std::unique_ptr<Datenbank> oeffneKatalog(Dateisystem& fs, const std::string& programmOrdner,
-                                         Ordner& ordner, Protokoll& protokoll,
-                                         SpeicherUmgebung& u) {
-    ordner.setzeBasis(programmOrdner);
-    ordner.legeAn(fs);
-    protokoll.setzeLogPfad(programmOrdner + "zelka.log");
-    protokoll.setzeMeldungsOrdner(ordner.meldungen);
-    u.fs = &fs;
-    u.trace = &protokoll;
-    u.datenOrdner = ordner.daten;
-    auto db = std::make_unique<Datenbank>(u, ordner);
-    db->katalog().erzeugeDatenbank();
-    return db;
-}
-
 ImportErgebnis Austauschumgebung::importiere(const std::string& name, const std::string& bytes) {
     schreibeDatei(basis / name, bytes);
     return imp.importiere(basis / name);

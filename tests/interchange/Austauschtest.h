@@ -21,11 +21,6 @@
 
 namespace dv::test {
 
-// The catalogue below programmOrdner (ending in '/'), folders and tables made,
-// opened as a program does at its start.
-std::unique_ptr<Datenbank> oeffneKatalog(Dateisystem& fs, const std::string& programmOrdner,
-                                         Ordner& ordner, Protokoll& protokoll, SpeicherUmgebung& u);
-
 // The domain tests' catalogue with the counts the exchange tests ask for.
 struct Katalogumgebung : DomainUmgebung {
     using DomainUmgebung::DomainUmgebung;

@@ -16,12 +16,20 @@
 namespace dv::test {
 namespace {
 
-// One program on the shared program folder, as each start of a process makes it.
+// One program on the shared program folder, as each start of a process makes it:
+// folders and tables made, the catalogue opened.
 struct Programm {
     Programm(Dateisystem& fs, const std::string& basis)
-        : protokoll(fs),
-          db(oeffneKatalog(fs, basis, ordner, protokoll, u)),
-          einstellungen(basis + "e.conf") {
+        : protokoll(fs), einstellungen(basis + "e.conf") {
+        ordner.setzeBasis(basis);
+        ordner.legeAn(fs);
+        protokoll.setzeLogPfad(basis + "zelka.log");
+        protokoll.setzeMeldungsOrdner(ordner.meldungen);
+        u.fs = &fs;
+        u.trace = &protokoll;
+        u.datenOrdner = ordner.daten;
+        db = std::make_unique<Datenbank>(u, ordner);
+        db->katalog().erzeugeDatenbank();
         austausch = std::make_unique<Austausch>(*db, ordner, nutzer, einstellungen);
         imp = std::make_unique<BoxImport>(*db, ordner, nutzer);
     }

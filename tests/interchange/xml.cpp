@@ -86,7 +86,7 @@ TEST(XmlExport, MitUndOhneUnterobjekte) {
     EXPECT_EQ(f.xml(kObjektFilm, f.film, true, true), std::string(kKopf) + kFilm + kFuss);
 }
 
-TEST(XmlExport, CoverAlsDatenUri) {
+TEST(XmlExport, CoverAlsDatenUriMaskierungUndSchalter) {
     XmlFall f;
     const std::string stamm = f.ordner.cover + std::to_string(f.box);
     auto kopfzeile = [&](bool cover) {
@@ -105,16 +105,12 @@ TEST(XmlExport, CoverAlsDatenUri) {
         EXPECT_EQ(kopfzeile(false), ohne + ">");
         std::remove((stamm + endung).c_str());
     }
-}
-
-TEST(XmlExport, MaskierungUndSchalter) {
     EXPECT_EQ(xmlText("a&b<c>d'e\"f\xE4"), "a&amp;b&lt;c&gt;d&apos;e&quot;f\xE4");
     EXPECT_EQ(xmlText("&amp;"), "&amp;amp;");
     EXPECT_FALSE(xmlOptionen(0).cover);
     EXPECT_TRUE(xmlOptionen(kOptXmlCover).cover);
     EXPECT_FALSE(xmlOptionen(kOptXmlCover).unterobjekte);
     EXPECT_TRUE(xmlOptionen(kOptXmlUnterobjekte).unterobjekte);
-    XmlFall f;
     Austausch& a = f.austausch;
     std::string d = "unberührt";
     EXPECT_FALSE(a.xml(kObjektBox, 999, XmlOptionen{}, d));
