@@ -59,6 +59,11 @@ class PosixDatei final : public Datei {
     }
     bool kuerze(std::int64_t neueLaenge) override { return ::ftruncate(fd_, neueLaenge) == 0; }
     bool synchronisiere() override { return ::fdatasync(fd_) == 0; }
+    void beginneSynchronisieren() override {
+#ifdef __linux__
+        ::sync_file_range(fd_, 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
+    }
 
   private:
     int fd_;

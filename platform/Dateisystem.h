@@ -31,6 +31,10 @@ class Datei {
     // Makes the bytes written and the length durable on the medium (survives a
     // power loss once this returned true).
     virtual bool synchronisiere() { return true; }
+    // Starts writing the changed bytes to the medium without waiting, so that the
+    // flushes of several files overlap. A hint only: durability still needs
+    // synchronisiere().
+    virtual void beginneSynchronisieren() {}
 };
 
 enum class OeffnenModus {

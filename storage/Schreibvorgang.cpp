@@ -16,11 +16,11 @@ std::vector<std::string> bereiche(const SpeicherUmgebung& u) {
 Wiederherstellung nimmJournalZurueck(SpeicherUmgebung& u) {
     Dateisystem& fs = *u.fs;
     const std::string pfad = journalPfad(u.datenOrdner);
-    if (!fs.existiert(pfad)) return Wiederherstellung::Nichts;
+    if (!journalOffen(fs, pfad)) return Wiederherstellung::Nichts;
     std::string daten;
     std::vector<JournalEintrag> eintraege;
     Wiederherstellung w = Wiederherstellung::Fehlgeschlagen;
-    if (!leseAlles(fs, pfad, daten)) {
+    if (!leseJournal(fs, pfad, daten)) {
         w = Wiederherstellung::Fehlgeschlagen;
     } else if (!entpackeJournal(daten, eintraege)) {
         w = fs.loesche(pfad) ? Wiederherstellung::Verworfen : Wiederherstellung::Fehlgeschlagen;
@@ -117,7 +117,7 @@ bool Schreibvorgang::abschliessen() {
 }
 
 Wiederherstellung stelleWiederHer(SpeicherUmgebung& u) {
-    if (!u.fs->existiert(journalPfad(u.datenOrdner))) return Wiederherstellung::Nichts;
+    if (!journalOffen(*u.fs, journalPfad(u.datenOrdner))) return Wiederherstellung::Nichts;
     Schreibrecht recht(u);
     if (!recht.erhalten()) return Wiederherstellung::Belegt;
     return nimmJournalZurueck(u);

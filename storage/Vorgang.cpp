@@ -12,6 +12,8 @@ namespace {
 constexpr std::int64_t kSeite = 512;
 // Neighbouring pages are written to the file in runs of up to this many bytes.
 constexpr std::size_t kLauf = 1 << 20;
+// Files written before their flushes are awaited together.
+constexpr std::size_t kOffenHoechstens = 64;
 
 }  // namespace
 
@@ -288,6 +290,21 @@ std::vector<OrdnerEintrag> Vorgang::liste(const std::string& ordner) {
 
 // ---- The end of the operation ------------------------------------------------
 
+bool Vorgang::lasseUnveraenderteWeg(Abbild& a, Datei& echt) {
+    // A page that holds what the file holds needs neither undo nor writing, and
+    // a file left without changes needs no flush.
+    unsigned char alt[kSeite];
+    for (auto it = a.seiten.begin(); it != a.seiten.end();) {
+        const std::int64_t anfang = it->first * kSeite;
+        const std::int64_t bis = std::min(anfang + kSeite, a.laenge);
+        if (bis > a.altLaenge) break;
+        const auto n = static_cast<std::size_t>(std::max<std::int64_t>(0, bis - anfang));
+        if (echt.lese(anfang, alt, n) != static_cast<std::int64_t>(n)) return false;
+        it = std::memcmp(alt, it->second.get(), n) == 0 ? a.seiten.erase(it) : std::next(it);
+    }
+    return true;
+}
+
 bool Vorgang::sammleRueckweg(std::vector<JournalEintrag>& rueckweg) {
     std::vector<const std::string*> pfade;
     for (const auto& [pfad, a] : abbilder_) pfade.push_back(&pfad);
@@ -307,7 +324,7 @@ bool Vorgang::sammleRueckweg(std::vector<JournalEintrag>& rueckweg) {
             continue;
         }
         auto echt = innen_.oeffne(*pfad, OeffnenModus::Lesen);
-        if (!echt) return false;
+        if (!echt || !lasseUnveraenderteWeg(a, *echt)) return false;
         for (auto it = a.seiten.begin(); it != a.seiten.end();) {
             const std::int64_t anfang = it->first * kSeite;
             if (anfang >= a.altLaenge) break;
@@ -326,15 +343,18 @@ bool Vorgang::sammleRueckweg(std::vector<JournalEintrag>& rueckweg) {
     return true;
 }
 
-bool Vorgang::wendeAn(const std::string& pfad, Abbild& a, std::vector<std::string>& ordner) {
+bool Vorgang::wendeAn(const std::string& pfad, Abbild& a, std::vector<std::string>& ordner,
+                      std::unique_ptr<Datei>& d) {
     if (!a.da) {
         if (!a.warDa) return true;
         ordner.push_back(ordnerVon(pfad));
         return innen_.loesche(pfad) || !innen_.existiert(pfad);
     }
+    if (a.warDa && a.seiten.empty() && a.laenge == a.altLaenge && a.sichtbar == a.altLaenge)
+        return true;
     const bool neu = !a.warDa || a.sichtbar == 0;
     if (!a.warDa) ordner.push_back(ordnerVon(pfad));
-    auto d = innen_.oeffne(pfad, neu ? OeffnenModus::Erzeugen : OeffnenModus::LesenSchreiben);
+    d = innen_.oeffne(pfad, neu ? OeffnenModus::Erzeugen : OeffnenModus::LesenSchreiben);
     if (!d) return false;
     if (!neu && a.sichtbar < a.altLaenge && !d->kuerze(a.sichtbar)) return false;
     std::string lauf;
@@ -355,15 +375,34 @@ bool Vorgang::wendeAn(const std::string& pfad, Abbild& a, std::vector<std::strin
                     static_cast<std::size_t>(std::min(kSeite, a.laenge - anfang)));
     }
     if (!schreibeLauf()) return false;
-    if (d->laenge() != a.laenge && !d->kuerze(a.laenge)) return false;
-    return d->synchronisiere();
+    return d->laenge() == a.laenge || d->kuerze(a.laenge);
 }
 
-bool Vorgang::entferneJournal(const std::string& journalPfad) {
-    if (innen_.loesche(journalPfad)) return innen_.synchronisiereOrdner(ordnerVon(journalPfad));
-    // A journal that cannot be removed is emptied: an empty one counts as never finished.
-    auto d = innen_.oeffne(journalPfad, OeffnenModus::LesenSchreiben);
-    return d && d->kuerze(0) && d->synchronisiere();
+bool Vorgang::schreibeDateien(const std::vector<std::string>& pfade,
+                              std::vector<std::string>& ordner) {
+    // Every file's writeback starts before the first wait for one, so the flushes
+    // overlap instead of queueing; each file is still made durable by its own
+    // synchronisiere(). Open files are bounded for operations with many files.
+    std::vector<std::unique_ptr<Datei>> offen;
+    auto macheDauerhaft = [&] {
+        for (auto& d : offen) d->beginneSynchronisieren();
+        bool ok = true;
+        for (auto& d : offen) ok = d->synchronisiere() && ok;
+        offen.clear();
+        return ok;
+    };
+    for (const std::string& pfad : pfade) {
+        std::unique_ptr<Datei> d;
+        if (!wendeAn(pfad, *abbilder_[pfad], ordner, d)) return false;
+        if (d) offen.push_back(std::move(d));
+        if (offen.size() >= kOffenHoechstens && !macheDauerhaft()) return false;
+    }
+    if (!macheDauerhaft()) return false;
+    std::sort(ordner.begin(), ordner.end());
+    ordner.erase(std::unique(ordner.begin(), ordner.end()), ordner.end());
+    for (const std::string& o : ordner)
+        if (!innen_.synchronisiereOrdner(o)) return false;
+    return true;
 }
 
 bool Vorgang::schreibeDurch(const std::string& journalPfad) {
@@ -371,31 +410,18 @@ bool Vorgang::schreibeDurch(const std::string& journalPfad) {
     if (abbilder_.empty()) return true;
     std::vector<JournalEintrag> rueckweg;
     if (!sammleRueckweg(rueckweg)) return false;
-    {
-        const std::string journal = packeJournal(rueckweg);
-        auto d = innen_.oeffne(journalPfad, OeffnenModus::Erzeugen);
-        const bool ok = d && d->schreibe(0, journal.data(), journal.size()) &&
-                        d->synchronisiere() && innen_.synchronisiereOrdner(ordnerVon(journalPfad));
-        if (!ok) {
-            d.reset();
-            innen_.loesche(journalPfad);
-            return false;
-        }
+    if (rueckweg.empty()) return true;  // every change wrote what was there
+    if (!schreibeJournal(innen_, journalPfad, packeJournal(rueckweg))) {
+        innen_.loesche(journalPfad);
+        return false;
     }
     std::vector<std::string> pfade;
     for (const auto& [pfad, a] : abbilder_) pfade.push_back(pfad);
     std::sort(pfade.begin(), pfade.end());
     std::vector<std::string> ordner;
-    bool ok = true;
-    for (const std::string& pfad : pfade)
-        if (!(ok = wendeAn(pfad, *abbilder_[pfad], ordner))) break;
-    std::sort(ordner.begin(), ordner.end());
-    ordner.erase(std::unique(ordner.begin(), ordner.end()), ordner.end());
-    for (const std::string& o : ordner)
-        if (ok) ok = innen_.synchronisiereOrdner(o);
-    if (ok && entferneJournal(journalPfad)) return true;
+    if (schreibeDateien(pfade, ordner) && schliesseJournal(innen_, journalPfad)) return true;
     // Back to the files before the operation; if even that fails, the journal stays.
-    if (nimmZurueck(innen_, rueckweg)) entferneJournal(journalPfad);
+    if (nimmZurueck(innen_, rueckweg)) schliesseJournal(innen_, journalPfad);
     return false;
 }
 

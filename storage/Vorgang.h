@@ -5,7 +5,7 @@
 // Files elsewhere (logs, exports, backups) pass straight through.
 //
 // schreibeDurch() then writes the undo journal, makes it durable, writes the
-// pages into the files, makes them durable and removes the journal. Nothing of
+// pages into the files, makes them durable and marks the journal finished. Nothing of
 // the operation reaches a file before its journal is durable, so a crash at any
 // point leaves either the old files, or a journal that puts them back.
 //
@@ -50,7 +50,8 @@ class Vorgang final : public Dateisystem {
     void verwirf() { verworfen_ = true; }
     bool verworfen() const { return verworfen_; }
 
-    // Journal to journalPfad, changes into the files, journal removed: all durable.
+    // Journal to journalPfad, changes into the files, journal marked finished:
+    // all durable.
     // False when the changes could not all be written; the files are then as
     // before the operation (or, if even that failed, the journal stays for the
     // next start to put them back).
@@ -72,8 +73,14 @@ class Vorgang final : public Dateisystem {
     unsigned char* seite(Abbild& a, Datei* echt, std::int64_t nr);
 
     bool sammleRueckweg(std::vector<JournalEintrag>& rueckweg);
-    bool wendeAn(const std::string& pfad, Abbild& a, std::vector<std::string>& ordner);
-    bool entferneJournal(const std::string& journalPfad);
+    // Drops the pages of a that equal the file's bytes; false if they cannot be read.
+    bool lasseUnveraenderteWeg(Abbild& a, Datei& echt);
+    // Writes one file's changes; d is left open on it for the flush.
+    bool wendeAn(const std::string& pfad, Abbild& a, std::vector<std::string>& ordner,
+                 std::unique_ptr<Datei>& d);
+    // Writes every file's changes and makes them and the folders of files made or
+    // removed durable.
+    bool schreibeDateien(const std::vector<std::string>& pfade, std::vector<std::string>& ordner);
 
     Dateisystem& innen_;
     std::vector<std::string> bereiche_;

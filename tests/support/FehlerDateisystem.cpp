@@ -26,6 +26,7 @@ class FehlerDatei : public Datei {
         return innen_->kuerze(l);
     }
     bool synchronisiere() override { return innen_->synchronisiere(); }
+    void beginneSynchronisieren() override { innen_->beginneSynchronisieren(); }
 
   private:
     // A write of n bytes through schreib(k), with the crash and the fault it may meet.
