@@ -108,11 +108,26 @@ class Absturz : public ::testing::Test {
     }
 };
 
-TEST_F(Absturz, ImportOfOneBox) {
-    const Arbeit importiere = [&](Programm& env) {
-        EXPECT_EQ(env.imp->importiere(dateiA), ImportErgebnis::Importiert);
+TEST_F(Absturz, SingleOperationsAreWholeOrAbsent) {
+    const std::pair<const char*, Arbeit> faelle[] = {
+        {"import",
+         [&](Programm& env) {
+             EXPECT_EQ(env.imp->importiere(dateiA), ImportErgebnis::Importiert);
+         }},
+        {"delete cascade", [&](Programm& env) { EXPECT_TRUE(env.db->loescheBox(boxA)); }},
+        {"copy of a DVD", [&](Programm& env) { EXPECT_GT(env.db->kopiereDvd(dvdA, boxB), 0); }},
+        {"merge of two genres, every link moved",
+         [&](Programm& env) {
+             Datenbank& db = *env.db;
+             EXPECT_TRUE(dv::fuehreZusammen(db, kTypGenre, db.findeLookup(kTypGenre, "Fantasy"),
+                                            db.findeLookup(kTypGenre, "Abenteuer")));
+         }},
     };
-    pruefe(importiere, {start, nach(importiere)});
+    for (const auto& [name, arbeit] : faelle) {
+        SCOPED_TRACE(name);
+        zurueck();  // the last run of the one before left its end state
+        pruefe(arbeit, {start, nach(arbeit)});
+    }
 }
 
 TEST_F(Absturz, BatchImportConsumesOnlyFilesWhoseBoxIsIn) {
@@ -124,25 +139,6 @@ TEST_F(Absturz, BatchImportConsumesOnlyFilesWhoseBoxIsIn) {
         EXPECT_EQ(e.size(), 2u);
     };
     pruefe(stapel, {start, nach(erste), nach(stapel)});
-}
-
-TEST_F(Absturz, DeleteCascadeOfABox) {
-    const Arbeit loesche = [&](Programm& env) { EXPECT_TRUE(env.db->loescheBox(boxA)); };
-    pruefe(loesche, {start, nach(loesche)});
-}
-
-TEST_F(Absturz, CopyOfADvdIntoAnotherBox) {
-    const Arbeit kopiere = [&](Programm& env) { EXPECT_GT(env.db->kopiereDvd(dvdA, boxB), 0); };
-    pruefe(kopiere, {start, nach(kopiere)});
-}
-
-TEST_F(Absturz, MergeOfTwoGenresMovesEveryLink) {
-    const Arbeit fuehreZusammen = [&](Programm& env) {
-        Datenbank& db = *env.db;
-        EXPECT_TRUE(dv::fuehreZusammen(db, kTypGenre, db.findeLookup(kTypGenre, "Fantasy"),
-                                       db.findeLookup(kTypGenre, "Abenteuer")));
-    };
-    pruefe(fuehreZusammen, {start, nach(fuehreZusammen)});
 }
 
 TEST_F(Absturz, ValidationRepairsAllOrNone) {

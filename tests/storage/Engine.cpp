@@ -57,38 +57,24 @@ TEST_F(Engine, RemoveClearsLivenessBitAndZeroesTheSlot) {
     EXPECT_EQ(genre.select(2), nullptr);
 }
 
-TEST_F(Engine, FreedSlotIsReusedAfterReinit) {
-    fuenfSaetze();
-    ASSERT_TRUE(genre.remove(2, true));
-    EXPECT_EQ(genre.freieSlots(), std::vector<std::int32_t>{2});
-    EXPECT_EQ(genre.anzahl(), 4);
-    EXPECT_EQ(genre.insert("Thriller"), 2);
-    EXPECT_EQ(env.datei("Genre").size(), 5 * G);
-    EXPECT_EQ(slot(env.datei("Genre"), G, 2), Satz(2).text("Thriller", G - 4).s);
-    EXPECT_EQ(text(2), "Thriller");
-    EXPECT_TRUE(genre.freieSlots().empty());
-    EXPECT_EQ(genre.insert("Komödie"), 6);
-}
-
-TEST_F(Engine, FreedSlotWaitsForInitWithoutReinit) {
-    fuenfSaetze();
-    ASSERT_TRUE(genre.remove(2, false));
-    EXPECT_EQ(genre.insert("Thriller"), 6);
-    EXPECT_EQ(genre.init(), 2);
-    EXPECT_EQ(genre.insert("Komödie"), 2);
-    EXPECT_EQ(genre.insert("Anime"), 7);
-}
-
-TEST_F(Engine, FreeSlotsAreUsedLowestFirstAndInitReturnsTheLast) {
+TEST_F(Engine, FreedSlotsAreReusedLowestFirstOnceTheFreeListKnowsThem) {
     fuenfSaetze();
     ASSERT_TRUE(genre.remove(4, false));
     ASSERT_TRUE(genre.remove(2, false));
-    EXPECT_EQ(genre.init(), 4);
+    EXPECT_EQ(genre.insert("Thriller"), 6);  // without a new free list the slots wait
+    EXPECT_EQ(genre.init(), 4);              // the last free slot
     EXPECT_EQ(genre.freieSlots(), (std::vector<std::int32_t>{2, 4}));
-    EXPECT_EQ(genre.anzahl(), 3);
+    EXPECT_EQ(genre.anzahl(), 4);
     EXPECT_EQ(genre.insert("a"), 2);
+    EXPECT_EQ(slot(env.datei("Genre"), G, 2), Satz(2).text("a", G - 4).s);
+    EXPECT_EQ(text(2), "a");
     EXPECT_EQ(genre.insert("b"), 4);
-    EXPECT_EQ(genre.insert("c"), 6);
+    EXPECT_TRUE(genre.freieSlots().empty());
+    EXPECT_EQ(genre.insert("c"), 7);
+    ASSERT_TRUE(genre.remove(3, true));  // with a new free list at once
+    EXPECT_EQ(genre.freieSlots(), std::vector<std::int32_t>{3});
+    EXPECT_EQ(genre.insert("d"), 3);
+    EXPECT_EQ(env.datei("Genre").size(), 7 * G);
 }
 
 TEST_F(Engine, RemovingAFreeListedIdWritesNothing) {
@@ -124,33 +110,26 @@ TEST_F(Engine, IdsOfFreeSlotsZeroNegativeAndBeyondTheEnd) {
     EXPECT_EQ(env.datei("Genre").size(), 6 * G);
 }
 
-TEST_F(Engine, UpdateZeroFillsAndKeepsTheIdWord) {
+TEST_F(Engine, UpdateOfLiveFreeListedAndStaleFreeSlots) {
     fuenfSaetze();
-    ASSERT_TRUE(genre.update(3, "W"));
+    ASSERT_TRUE(genre.update(3, "W"));  // zero-filled, the id word kept
     EXPECT_EQ(slot(env.datei("Genre"), G, 3), Satz(3).text("W", G - 4).s);
     EXPECT_EQ(text(3), "W");
     EXPECT_EQ(text(4), "Horror");
-}
-
-TEST_F(Engine, UpdateOfAFreeListedSlotFailsWithoutTouchingTheFile) {
-    fuenfSaetze();
-    genre.remove(2, true);
+    genre.remove(1, true);
     const std::string vorher = env.datei("Genre");
-    EXPECT_FALSE(genre.update(2, "neu"));
+    EXPECT_FALSE(genre.update(1, "neu"));  // a free-listed slot: the file untouched
     EXPECT_EQ(env.datei("Genre"), vorher);
-}
-
-TEST_F(Engine, UpdateOfAStaleFreeSlotWritesDataButLeavesItFree) {
-    fuenfSaetze();
     genre.remove(2, false);  // the free list does not know slot 2 yet
     EXPECT_TRUE(genre.update(2, "neu"));
     EXPECT_EQ(slot(env.datei("Genre"), G, 2), Satz(2, false).text("neu", G - 4).s);
     EXPECT_EQ(genre.select(2), nullptr);
-    EXPECT_EQ(listenLaenge(genre.alle().get()), 4u);
+    EXPECT_EQ(listenLaenge(genre.alle().get()), 3u);
     // After init the slot is reused, and the stale text is cleared first.
     genre.init();
-    EXPECT_EQ(genre.insert("x"), 2);
-    EXPECT_EQ(slot(env.datei("Genre"), G, 2), Satz(2).text("x", G - 4).s);
+    EXPECT_EQ(genre.insert("x"), 1);
+    EXPECT_EQ(genre.insert("y"), 2);
+    EXPECT_EQ(slot(env.datei("Genre"), G, 2), Satz(2).text("y", G - 4).s);
 }
 
 TEST_F(Engine, PartialTrailingRecordIsIgnoredAndOverwrittenInPlace) {
