@@ -41,7 +41,7 @@ class Fehler : public ::testing::Test {
     }
 };
 
-TEST_F(Fehler, LockedFileGivesNothingAndIsLogged) {
+TEST_F(Fehler, LockedFileOrFolderGivesNothingAndIsLogged) {
     fuenf();
     const std::string vorher = env.datei("Genre");
     fs.sperre = "Genre.dat";
@@ -60,12 +60,12 @@ TEST_F(Fehler, LockedFileGivesNothingAndIsLogged) {
     fs.sperre.clear();
     EXPECT_EQ(env.datei("Genre"), vorher);
     EXPECT_EQ(texte(), (std::vector<std::string>{"eins", "zwei", "drei", "vier", "fuenf"}));
-}
-
-TEST_F(Fehler, LockedFolderCannotCreate) {
+    // A locked folder: nothing can be created in it.
+    Tabelle1 neu(env.u, "Sprachen");
     fs.sperre = env.daten.pfad();
-    EXPECT_FALSE(t.create());
-    EXPECT_EQ(t.letzterFehler(), "13");
+    env.leereLog();
+    EXPECT_FALSE(neu.create());
+    EXPECT_EQ(neu.letzterFehler(), "13");
     EXPECT_TRUE(hatZeile("Error [13]"));
 }
 
