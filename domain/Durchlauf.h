@@ -4,11 +4,21 @@
 // reaches it and released when it moves on. Memory then holds the table rows of
 // the scope and one box's lists, not the whole object tree.
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "domain/Datenbank.h"
 
 namespace dv {
+
+// Where the walk over the boxes meets a film for the first time.
+struct Fundstelle {
+    long rang = 0;  // 1 for the first film met, 2 for the next new one, ...
+    std::int32_t box = 0;
+    std::int32_t dvd = 0;
+    std::uint16_t index = 0;  // the film's running number on that DVD
+};
 
 class Sammlungsdurchlauf {
   public:
@@ -26,6 +36,13 @@ class Sammlungsdurchlauf {
     // Null after the last box. The element stays valid until the walk ends; its
     // lists only until the next call.
     BoxElement* naechste();
+
+    // Instead of naechste(): every film the walk meets, each once, in id order.
+    // f(film, erste) gets the film with its lists built as naechste() builds them
+    // (Index as at its first meeting), released when f returns. The tables are
+    // then visited front to back instead of in title order; for work that puts
+    // its results in walk order itself (by erste.rang).
+    void filmeNachId(const std::function<void(const FilmElement&, const Fundstelle&)>& f);
 
     // How many boxes, DVDs and films the walk meets, each DVD and film counted
     // once however many boxes hold it (the DVDs and films need them in scope).

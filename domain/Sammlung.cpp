@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
+#include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "domain/Bausteine.h"
@@ -16,7 +19,29 @@ namespace {
 
 constexpr const char* kFn = "Datenbank::ladeSammlung";
 
-// The live rows of a table, addressed by id (ids are dense slot numbers).
+// The slots of the table files: as many rows as one pass over a table can meet,
+// known before the pass from one listing of the data folder, so that what
+// gathers the rows is sized once and never grows by copying. A size hint only:
+// 0 where a file is not listed.
+class Dateigroessen {
+  public:
+    explicit Dateigroessen(Katalog& k)
+        : dateien_(k.Box.umgebung().fs->liste(k.Box.umgebung().datenOrdner)) {}
+    std::size_t slots(const Tabelle& tab) const {
+        const std::string name = tab.name() + ".dat";
+        for (const OrdnerEintrag& e : dateien_)
+            if (e.name == name && e.laenge > 0)
+                return static_cast<std::size_t>(e.laenge / tab.getRecordSize());
+        return 0;
+    }
+
+  private:
+    std::vector<OrdnerEintrag> dateien_;
+};
+
+// The live rows of a table, addressed by id (ids are dense slot numbers). Rows
+// are kept in blocks of a fixed count, so that the store grows with the file
+// without moving or zero-filling what it holds already.
 template <class Z>
 class NachId {
   public:
@@ -25,27 +50,41 @@ class NachId {
     explicit NachId(T& tab, bool lesen = true) {
         if (!lesen) return;
         tab.scanne([&](const Z& z) {
-            if (z.Id >= static_cast<std::int64_t>(rows_.size())) rows_.resize(z.Id + 1, Z{});
-            rows_[z.Id] = z;
+            const auto id = static_cast<std::size_t>(z.Id);
+            while (id >> kBits >= bloecke_.size())
+                bloecke_.push_back(std::make_unique_for_overwrite<Z[]>(kProBlock));
+            Z* block = bloecke_[id >> kBits].get();
+            // The scan goes up the slots; those between two live rows hold no row.
+            for (std::size_t i = naechste_; i < id; ++i) block_(i).Id = 0;
+            block[id & kMaske] = z;
+            naechste_ = id + 1;
         });
     }
     // The highest live id (0 when none or not read).
-    long hoechste() const { return rows_.empty() ? 0 : static_cast<long>(rows_.size()) - 1; }
+    long hoechste() const { return naechste_ == 0 ? 0 : static_cast<long>(naechste_) - 1; }
     const Z* finde(long id) const {
-        if (id <= 0 || id >= static_cast<long>(rows_.size()) || rows_[id].Id == 0) return nullptr;
-        return &rows_[id];
+        if (id <= 0 || static_cast<std::size_t>(id) >= naechste_) return nullptr;
+        const Z& z = block_(static_cast<std::size_t>(id));
+        return z.Id == 0 ? nullptr : &z;
     }
     // Asks the processor to fetch a row that will be needed soon: rows such as
     // persons are looked up all over the table, and fetching a film's few rows at
     // once lets their memory latencies overlap.
     void holeVorab(long id) const {
-        if (id <= 0 || id >= static_cast<long>(rows_.size())) return;
-        const char* p = reinterpret_cast<const char*>(&rows_[id]);
+        if (id <= 0 || static_cast<std::size_t>(id) >= naechste_) return;
+        const char* p = reinterpret_cast<const char*>(&block_(static_cast<std::size_t>(id)));
         for (std::size_t i = 0; i < sizeof(Z); i += 64) __builtin_prefetch(p + i);
     }
 
   private:
-    std::vector<Z> rows_;
+    static constexpr std::size_t kBits = 12;
+    static constexpr std::size_t kProBlock = std::size_t{1} << kBits;
+    static constexpr std::size_t kMaske = kProBlock - 1;
+
+    Z& block_(std::size_t id) const { return bloecke_[id >> kBits][id & kMaske]; }
+
+    std::vector<std::unique_ptr<Z[]>> bloecke_;
+    std::size_t naechste_ = 0;  // one past the highest id read
 };
 
 // The rows of a link table grouped by owner, each group in table (id) order,
@@ -56,23 +95,31 @@ class NachId {
 template <class Z>
 class NachBesitzer {
   public:
+    // slots: how many rows the table's file holds (a hint).
     template <class T, class Besitzer>
-    NachBesitzer(T& tab, Besitzer besitzer, long hoechsterBesitzer, bool lesen = true) {
+    NachBesitzer(T& tab, Besitzer besitzer, long hoechsterBesitzer, bool lesen, std::size_t slots) {
         if (!lesen) return;
         std::vector<Z> alle;
+        alle.reserve(slots);
         std::int32_t hoechster = 0;
+        bool geordnet = true;  // owners never decrease: the rows are grouped already
         tab.scanne([&](const Z& z) {
             hoechsteZeile_ = z.Id;
             if (besitzer(z) <= 0 || besitzer(z) > hoechsterBesitzer) return;
+            geordnet = geordnet && besitzer(z) >= hoechster;
             alle.push_back(z);
             hoechster = std::max(hoechster, besitzer(z));
         });
         anfang_.assign(static_cast<std::size_t>(hoechster) + 2, 0);
         for (const Z& z : alle) ++anfang_[besitzer(z) + 1];
         for (std::size_t i = 1; i < anfang_.size(); ++i) anfang_[i] += anfang_[i - 1];
-        rows_.resize(alle.size());
-        std::vector<std::uint32_t> naechster(anfang_.begin(), anfang_.end() - 1);
-        for (const Z& z : alle) rows_[naechster[besitzer(z)]++] = z;
+        if (geordnet) {
+            rows_ = std::move(alle);
+        } else {
+            rows_.resize(alle.size());
+            std::vector<std::uint32_t> naechster(anfang_.begin(), anfang_.end() - 1);
+            for (const Z& z : alle) rows_[naechster[besitzer(z)]++] = z;
+        }
         sortiereGruppen();
     }
     // The rows of one owner, in "Pos" order.
@@ -137,28 +184,47 @@ class NachBesitzer {
 };
 
 // The main title of each film: the best of its Titel rows (bau::besserTitel, an
-// order of its own, so the order the rows come in does not matter). Only that
-// row is kept per film, indexed by the film id up to the highest live one.
+// order of its own, so the order the rows come in does not matter). Per film
+// only what that order needs is kept, and the title's text in a shared buffer.
 class HauptTitel {
   public:
     template <class T>
-    HauptTitel(T& tab, long hoechsterFilm, bool lesen) {
+    HauptTitel(T& tab, long hoechsterFilm, bool lesen, std::size_t slots) {
         if (!lesen || hoechsterFilm <= 0) return;
-        rows_.assign(static_cast<std::size_t>(hoechsterFilm) + 1, Zeile4{});
+        beste_.assign(static_cast<std::size_t>(hoechsterFilm) + 1, Bester{});
+        // Room for every row's whole title; only the pages used are touched.
+        texte_.reserve(slots * (sizeof(Zeile4::cpTitel) + 1));
         tab.scanne([&](const Zeile4& z) {
             if (z.Id <= 0 || z.Fremd_Id <= 0 || z.Fremd_Id > hoechsterFilm) return;
-            Zeile4& h = rows_[z.Fremd_Id];
-            if (h.Id == 0 || bau::besserTitel(z, h)) h = z;
+            Bester& h = beste_[static_cast<std::size_t>(z.Fremd_Id)];
+            if (h.id != 0 && !bau::besserTitel(z, h.alsZeile())) return;
+            h = {z.Id, static_cast<std::uint32_t>(texte_.size()), z.Pos, z.Typ};
+            texte_.append(z.cpTitel, ::strnlen(z.cpTitel, sizeof z.cpTitel));
+            texte_ += '\0';
         });
     }
-    const Zeile4* finde(long film) const {
-        if (film <= 0 || film >= static_cast<long>(rows_.size()) || rows_[film].Id == 0)
+    const char* finde(long film) const {
+        if (film <= 0 || film >= static_cast<long>(beste_.size()) || beste_[film].id == 0)
             return nullptr;
-        return &rows_[film];
+        return texte_.data() + beste_[film].stelle;
     }
 
   private:
-    std::vector<Zeile4> rows_;
+    struct Bester {
+        std::int32_t id = 0;
+        std::uint32_t stelle = 0;  // of the text in texte_
+        std::uint16_t pos = 0;
+        std::int8_t typ = 0;
+        Zeile4 alsZeile() const {
+            Zeile4 z{};
+            z.Id = id;
+            z.Pos = pos;
+            z.Typ = typ;
+            return z;
+        }
+    };
+    std::vector<Bester> beste_;
+    std::string texte_;
 };
 
 class SammlungsLeser {
@@ -168,6 +234,7 @@ class SammlungsLeser {
     SammlungsLeser(Datenbank& db, unsigned u, long hoechsteBox)
         : db_(db),
           k_(db.katalog()),
+          groessen_(k_),
           dvds_(k_.DVD, u & kUmfangDvds),
           filme_(k_.Film, u & kUmfangFilme),
           extras_(k_.Extras, u & (kUmfangBoxExtras | kUmfangDvdExtras)),
@@ -179,22 +246,31 @@ class SammlungsLeser {
           alias_(k_.Alias, u & kUmfangPersonen),
           personen_(k_.Person, u & kUmfangPersonen),
           dvdBox_(
-              k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }, hoechsteBox, u & kUmfangDvds),
-          dvdFilm_(k_.DVD_Film, erstes, dvds_.hoechste(), u & kUmfangFilme),
-          boxExtras_(k_.Box_Extras, erstes, hoechsteBox, u & kUmfangBoxExtras),
-          dvdExtras_(k_.DVD_Extras, erstes, dvds_.hoechste(), u & kUmfangDvdExtras),
-          filmGenre_(k_.Film_Genre, erstes, filme_.hoechste(), u & kUmfangGenres),
-          filmBildformat_(k_.Film_Bildformat, erstes, filme_.hoechste(), u & kUmfangBildformate),
-          filmUntertitel_(k_.Film_Untertitel, erstes, filme_.hoechste(), u & kUmfangUntertitel),
-          filmFkt_(k_.Film_Fkt, erstes, filme_.hoechste(), u & kUmfangFunktionen),
+              k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }, hoechsteBox, u & kUmfangDvds,
+              groessen_.slots(k_.DVD_Box)),
+          dvdFilm_(k_.DVD_Film, erstes, dvds_.hoechste(), u & kUmfangFilme,
+                   groessen_.slots(k_.DVD_Film)),
+          boxExtras_(k_.Box_Extras, erstes, hoechsteBox, u & kUmfangBoxExtras,
+                     groessen_.slots(k_.Box_Extras)),
+          dvdExtras_(k_.DVD_Extras, erstes, dvds_.hoechste(), u & kUmfangDvdExtras,
+                     groessen_.slots(k_.DVD_Extras)),
+          filmGenre_(k_.Film_Genre, erstes, filme_.hoechste(), u & kUmfangGenres,
+                     groessen_.slots(k_.Film_Genre)),
+          filmBildformat_(k_.Film_Bildformat, erstes, filme_.hoechste(), u & kUmfangBildformate,
+                          groessen_.slots(k_.Film_Bildformat)),
+          filmUntertitel_(k_.Film_Untertitel, erstes, filme_.hoechste(), u & kUmfangUntertitel,
+                          groessen_.slots(k_.Film_Untertitel)),
+          filmFkt_(k_.Film_Fkt, erstes, filme_.hoechste(), u & kUmfangFunktionen,
+                   groessen_.slots(k_.Film_Fkt)),
           filmSprachen_(
               k_.Film_Sprachen, [](const Zeile6& z) { return z.Film_Id; }, filme_.hoechste(),
-              u & kUmfangSprachen),
+              u & kUmfangSprachen, groessen_.slots(k_.Film_Sprachen)),
           filmPerson_(
               k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; }, filme_.hoechste(),
-              u & kUmfangPersonen),
-          filmAlias_(k_.Film_Alias, erstes, filmPerson_.hoechsteZeile(), u & kUmfangPersonen),
-          titel_(k_.Titel, filme_.hoechste(), u & kUmfangFilme) {}
+              u & kUmfangPersonen, groessen_.slots(k_.Film_Person)),
+          filmAlias_(k_.Film_Alias, erstes, filmPerson_.hoechsteZeile(), u & kUmfangPersonen,
+                     groessen_.slots(k_.Film_Alias)),
+          titel_(k_.Titel, filme_.hoechste(), u & kUmfangFilme, groessen_.slots(k_.Titel)) {}
 
     void ladeBox(BoxElement& b) {
         b.pExtras = objekte(boxExtras_, extras_, b.Id);
@@ -211,6 +287,38 @@ class SammlungsLeser {
         b.pExtras = nullptr;
         db_.FreeDvdListe(b.pDvds);
         b.pDvds = nullptr;
+    }
+
+    // The first meeting of each film in the walk over the boxes, by film id.
+    std::vector<Fundstelle> fundstellen(const BoxElement* boxen) const {
+        std::vector<Fundstelle> erste(static_cast<std::size_t>(filme_.hoechste()) + 1);
+        long rang = 0;
+        for (const BoxElement* b = boxen; b; b = b->pNext)
+            for (const Zeile7& d : dvdBox_.von(b->Id)) {
+                if (!dvds_.finde(d.DVD_Id)) continue;
+                std::uint16_t index = 1;
+                for (const Zeile2& f : dvdFilm_.von(d.DVD_Id)) {
+                    if (!filme_.finde(f.Objekt1_Id)) continue;
+                    Fundstelle& s = erste[static_cast<std::size_t>(f.Objekt1_Id)];
+                    if (s.rang == 0) s = {++rang, b->Id, d.DVD_Id, index};
+                    ++index;
+                }
+            }
+        return erste;
+    }
+
+    void filmeNachId(const BoxElement* boxen,
+                     const std::function<void(const FilmElement&, const Fundstelle&)>& f) {
+        const std::vector<Fundstelle> erste = fundstellen(boxen);
+        for (std::size_t id = 1; id < erste.size(); ++id) {
+            if (erste[id].rang == 0) continue;
+            std::unique_ptr<FilmElement, FilmFreigabe> e(
+                db_.Obj2FilmListe(*filme_.finde(static_cast<long>(id))), FilmFreigabe{&db_});
+            if (!e) continue;
+            e->Index = erste[id].index;
+            ladeFilm(*e);
+            f(*e, erste[id]);
+        }
     }
 
     // The distinct live DVDs (or films) that the boxes' lists hold.
@@ -247,7 +355,7 @@ class SammlungsLeser {
     }
 
     void ladeFilm(FilmElement& f) {
-        if (const Zeile4* haupt = titel_.finde(f.Id)) bau::kopiere(f.cpTitel, haupt->cpTitel);
+        if (const char* haupt = titel_.finde(f.Id)) bau::kopiere(f.cpTitel, haupt);
         f.pGenres = objekte(filmGenre_, genres_, f.Id);
         f.pBildformate = objekte(filmBildformat_, bildformate_, f.Id);
         f.pUntertitel = objekte(filmUntertitel_, sprachen_, f.Id);
@@ -299,6 +407,7 @@ class SammlungsLeser {
 
     Datenbank& db_;
     Katalog& k_;
+    Dateigroessen groessen_;  // before the tables, whose readers it sizes
     NachId<Zeile9> dvds_;
     NachId<Zeile5> filme_;
     NachId<Zeile1> extras_, genres_, bildformate_, sprachen_, tonformate_, funktionen_, alias_;
@@ -366,6 +475,11 @@ BoxElement* Sammlungsdurchlauf::naechste() {
     begonnen_ = true;
     if (aktuell_) leser_->ladeBox(*aktuell_);
     return aktuell_;
+}
+
+void Sammlungsdurchlauf::filmeNachId(
+    const std::function<void(const FilmElement&, const Fundstelle&)>& f) {
+    if (leser_) leser_->filmeNachId(boxen_.get(), f);
 }
 
 long Sammlungsdurchlauf::boxen() const {

@@ -40,17 +40,11 @@ void BlockVorrat::gibPlattenFrei(std::size_t behalte) noexcept {
         platten_.pop_back();
     }
     frei_ = nullptr;
-    for (void* platte : platten_) legeFrei(static_cast<unsigned char*>(platte));
-}
-
-void BlockVorrat::legeFrei(unsigned char* platte) noexcept {
-    DV_OFFEN(platte, proPlatte_ * groesse_);
-    for (std::size_t i = proPlatte_; i-- > 0;) {
-        auto* f = reinterpret_cast<Frei*>(platte + i * groesse_);
-        f->naechster = frei_;
-        frei_ = f;
-    }
-    DV_GESPERRT(platte, proPlatte_ * groesse_);
+    rest_ = ende_ = nullptr;
+    if (platten_.empty()) return;
+    rest_ = static_cast<unsigned char*>(platten_.front());
+    ende_ = rest_ + proPlatte_ * groesse_;
+    DV_GESPERRT(rest_, proPlatte_ * groesse_);
 }
 
 bool BlockVorrat::neuePlatte() noexcept {
@@ -62,17 +56,25 @@ bool BlockVorrat::neuePlatte() noexcept {
     auto* platte = static_cast<unsigned char*>(std::malloc(proPlatte_ * groesse_));
     if (!platte) return false;
     platten_.push_back(platte);
-    legeFrei(platte);
+    rest_ = platte;
+    ende_ = platte + proPlatte_ * groesse_;
+    DV_GESPERRT(platte, proPlatte_ * groesse_);
     return true;
 }
 
 void* BlockVorrat::hole() noexcept {
-    if (!frei_ && !neuePlatte()) return nullptr;
-    Frei* f = frei_;
-    DV_OFFEN(f, groesse_);
-    frei_ = f->naechster;
+    void* p = frei_;
+    if (frei_) {
+        DV_OFFEN(frei_, groesse_);
+        frei_ = frei_->naechster;
+    } else {
+        if (rest_ == ende_ && !neuePlatte()) return nullptr;
+        p = rest_;
+        rest_ += groesse_;
+        DV_OFFEN(p, groesse_);
+    }
     ++belegt_;
-    return f;
+    return p;
 }
 
 void BlockVorrat::gib(void* p) noexcept {
@@ -84,7 +86,7 @@ void BlockVorrat::gib(void* p) noexcept {
     if (--belegt_ > 0) return;
     // Everything is back: the slabs go back to the system but one, so that a
     // walk that builds and releases one box at a time does not fetch a fresh
-    // slab for every box. With one slab the free list holds all of it already.
+    // slab for every box. With one slab the free list and the rest hold all of it.
     if (platten_.size() > 1) gibPlattenFrei(1);
 }
 

@@ -32,14 +32,17 @@ class BlockVorrat {
         Frei* naechster;
     };
     bool neuePlatte() noexcept;
-    // Puts every block of the slab on the free list.
-    void legeFrei(unsigned char* platte) noexcept;
     // Frees the slabs beyond the first `behalte`; the kept ones become wholly free.
     void gibPlattenFrei(std::size_t behalte) noexcept;
 
     std::size_t groesse_;
     std::size_t proPlatte_;
     Frei* frei_ = nullptr;
+    // The blocks of the newest slab that were never handed out: [rest_, ende_).
+    // They are taken in order before a new slab is fetched, so a slab is not
+    // walked to build a free list before it is used.
+    unsigned char* rest_ = nullptr;
+    unsigned char* ende_ = nullptr;
     std::size_t belegt_ = 0;
     std::vector<void*> platten_;
 };

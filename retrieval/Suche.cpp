@@ -1,5 +1,6 @@
 #include "retrieval/Suche.h"
 
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <utility>
@@ -59,6 +60,36 @@ BoxElement ohneListen(const BoxElement& b) {
     k.pDvds = nullptr;
     k.pExtras = nullptr;
     return k;
+}
+
+// A film hit of the pass in id order, before it takes its place in walk order.
+struct Filmtreffer {
+    Fundstelle erste;
+    std::string grund;
+    FilmElement kopie;
+};
+
+// Films in id order read the tables front to back; the hits come back in walk
+// order. A hit that finds no memory is dropped.
+template <class Weiter>
+std::vector<Filmtreffer> filmeNachId(Sammlungsdurchlauf& lauf, auswertung::Auswerter& auswerter,
+                                     Weiter&& weiter) {
+    std::vector<Filmtreffer> treffer;
+    std::string grund;
+    lauf.filmeNachId([&](const FilmElement& f, const Fundstelle& erste) {
+        const bool passt = auswerter.film(f, grund);
+        weiter();
+        if (!passt) return;
+        try {
+            treffer.push_back({erste, grund, ohneListen(f)});
+        } catch (const std::bad_alloc&) {
+            return;  // the hit is dropped
+        }
+    });
+    std::sort(treffer.begin(), treffer.end(), [](const Filmtreffer& a, const Filmtreffer& b) {
+        return a.erste.rang < b.erste.rang;
+    });
+    return treffer;
 }
 
 }  // namespace
@@ -127,13 +158,6 @@ std::string Suchergebnis::statusZeile() const {
 // Records a hit on the object met at box b, DVD d, film f.
 void Suchergebnis::nimmAuf(const BoxElement& b, const DvdElement* d, const FilmElement* f,
                            const std::string& grund) {
-    auto* h = new (std::nothrow) SearchHit;
-    if (!h) return;  // the hit is dropped
-    h->objectType = objektTyp_;
-    h->boxId = b.Id;
-    h->dvdId = d ? d->Id : 0;
-    h->filmId = f ? f->Id : 0;
-    h->reason = grund;
     const void* objekt = nullptr;
     try {
         if (f)
@@ -142,6 +166,22 @@ void Suchergebnis::nimmAuf(const BoxElement& b, const DvdElement* d, const FilmE
             objekt = &dvds_.emplace_back(ohneListen(*d));
         else
             objekt = &boxen_.emplace_back(ohneListen(b));
+    } catch (const std::bad_alloc&) {
+        return;  // the hit is dropped
+    }
+    haengeAn(b.Id, d ? d->Id : 0, f ? f->Id : 0, grund, objekt);
+}
+
+void Suchergebnis::haengeAn(long box, long dvd, long film, const std::string& grund,
+                            const void* objekt) {
+    auto* h = new (std::nothrow) SearchHit;
+    if (!h) return;  // the hit is dropped
+    h->objectType = objektTyp_;
+    h->boxId = box;
+    h->dvdId = dvd;
+    h->filmId = film;
+    try {
+        h->reason = grund;
         fundorte_.push_back(objekt);
     } catch (const std::bad_alloc&) {
         delete h;
@@ -176,6 +216,20 @@ Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOpt
     };
     Gesehen dvds, filme;
     std::string grund;
+    if (typ == kObjektFilm && !db.trace().aktiv(kTraceSpeicher)) {
+        // The box walk stays for a memory trace, whose lines follow the order in
+        // which the lists are built.
+        for (const Filmtreffer& t : filmeNachId(lauf, auswerter, weiter)) {
+            const FilmElement* kopie = nullptr;
+            try {
+                kopie = &e.filme_.emplace_back(t.kopie);
+            } catch (const std::bad_alloc&) {
+                continue;  // the hit is dropped
+            }
+            e.haengeAn(t.erste.box, t.erste.dvd, kopie->Id, t.grund, kopie);
+        }
+        return e;
+    }
     while (const BoxElement* b = lauf.naechste()) {
         if (typ == kObjektBox) {
             const bool treffer = auswerter.box(*b, grund);

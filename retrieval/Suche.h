@@ -72,6 +72,8 @@ class Suchergebnis {
     friend void loeseAuf(Suchergebnis&, const Fortschritt&);
     void nimmAuf(const BoxElement& b, const DvdElement* d, const FilmElement* f,
                  const std::string& grund);
+    // Appends the hit whose object copy is at objekt (one of the stores below).
+    void haengeAn(long box, long dvd, long film, const std::string& grund, const void* objekt);
     void leere();
 
     int objektTyp_ = 0;

@@ -184,9 +184,11 @@ bool Tabelle::durchlaufe(Datei& datei, F&& f) {
     if (laenge < 0) return false;
     const unsigned groesse = getRecordSize();
     const std::int64_t saetze = laenge / groesse;
-    // Blocks of whole records, about a megabyte each, never more than the file.
+    // Blocks of whole records, about 64 KiB each (below the C allocator's limit
+    // for blocks of their own, so that pass after pass reuses one heap block and
+    // no fresh pages), never more than the file.
     const std::int64_t proBlock =
-        std::min<std::int64_t>(std::max<std::int64_t>(1, (1 << 20) / groesse), saetze);
+        std::min<std::int64_t>(std::max<std::int64_t>(1, (1 << 16) / groesse), saetze);
     if (proBlock <= 0) return true;
     std::unique_ptr<unsigned char[]> block(new unsigned char[proBlock * groesse]);
     for (std::int64_t erster = 0; erster < saetze; erster += proBlock) {
