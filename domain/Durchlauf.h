@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "domain/Datenbank.h"
 
@@ -22,10 +23,15 @@ struct Fundstelle {
 
 class Sammlungsdurchlauf {
   public:
+    enum class Weise {
+        Boxweise,   // naechste()
+        Filmweise,  // filmeNachId() alone: the boxes are read as their ids in
+                    // catalogue order and the DVDs as live or not, nothing more
+    };
     // Reads the boxes and every table the scope (kUmfang... bits, as for
     // ladeSammlung) needs. The Datenbank must outlive the walk; the walk is
     // single-use.
-    Sammlungsdurchlauf(Datenbank& db, unsigned umfang);
+    Sammlungsdurchlauf(Datenbank& db, unsigned umfang, Weise weise = Weise::Boxweise);
     // Releases the current box's lists and the boxes.
     ~Sammlungsdurchlauf();
     Sammlungsdurchlauf(const Sammlungsdurchlauf&) = delete;
@@ -33,8 +39,8 @@ class Sammlungsdurchlauf {
 
     // The next box in catalogue order with its lists built exactly as
     // ladeSammlung builds them; the previous box's lists are released first.
-    // Null after the last box. The element stays valid until the walk ends; its
-    // lists only until the next call.
+    // Null after the last box (at once for a walk Filmweise). The element stays
+    // valid until the walk ends; its lists only until the next call.
     BoxElement* naechste();
 
     // Instead of naechste(): every film the walk meets, each once, in id order.
@@ -52,11 +58,19 @@ class Sammlungsdurchlauf {
 
   private:
     struct Leser;
+    // The box ids in catalogue order.
+    std::vector<std::int32_t> boxIds() const;
+
     Datenbank& db_;
     BoxListe boxen_;
+    std::vector<std::int32_t> boxIds_;  // Filmweise
     std::unique_ptr<Leser> leser_;
     BoxElement* aktuell_ = nullptr;
     bool begonnen_ = false;
 };
+
+// The ids of every box in the order of Datenbank::getBoxListe, without building
+// the elements.
+std::vector<std::int32_t> boxOrdnung(Datenbank& db);
 
 }  // namespace dv

@@ -10,6 +10,7 @@
 #include "base/Hilfen.h"
 #include "domain/Bausteine.h"
 #include "domain/Datenbank.h"
+#include "domain/Durchlauf.h"
 
 namespace dv {
 namespace {
@@ -20,7 +21,7 @@ namespace {
 struct BoxSchluessel {
     std::uint64_t anfang;
     const char* schluessel;
-    BoxElement* box;
+    std::size_t stelle;  // of the box in the unsorted order
 };
 
 std::uint64_t anfangVon(const char* s) {
@@ -79,38 +80,71 @@ FilmElement* Datenbank::Obj2FilmListe(const Zeile5& z) {
     return e;
 }
 
-BoxElement* Datenbank::sortBoxListe(BoxElement* kopf) {
-    if (!kopf) return kopf;
-    while (kopf->pPrev) kopf = kopf->pPrev;
-    std::size_t n = 0;
+namespace {
+
+// The order of n titles as the catalogue tree sorts them; titel(i) is the i-th
+// title. The key array is traced as sortBoxListe's pointer array.
+template <class Titel>
+std::vector<std::size_t> titelOrdnung(std::size_t n, Titel&& titel, const Trace& trace) {
     std::string text;
     std::vector<std::size_t> stelle;
-    for (BoxElement* b = kopf; b; b = b->pNext, ++n) {
+    for (std::size_t i = 0; i < n; ++i) {
         stelle.push_back(text.size());
-        text += boxTitelSchluessel(b->cpText);
+        text += boxTitelSchluessel(titel(i));
         text += '\0';
     }
+    std::vector<std::size_t> ordnung;
     auto* feld = static_cast<BoxSchluessel*>(std::malloc(n * sizeof(BoxSchluessel)));
-    if (!feld) return kopf;
-    DV_TRACE(trace(), kTraceSpeicher, "[malloc] pArray = [%08x] {%s}", adr(feld),
+    if (!feld) return ordnung;
+    DV_TRACE(trace, kTraceSpeicher, "[malloc] pArray = [%08x] {%s}", adr(feld),
              "CApplikation::sortBoxListe");
-    std::size_t i = 0;
-    for (BoxElement* b = kopf; b; b = b->pNext, ++i) {
-        const char* s = text.c_str() + stelle[i];
-        feld[i] = {anfangVon(s), s, b};
+    for (std::size_t i = 0; i < n; ++i) {
+        const char* k = text.c_str() + stelle[i];
+        feld[i] = {anfangVon(k), k, i};
     }
     // The C library's sort, as for every other list: boxes of equal keys come out
     // in the order it gives them.
     std::qsort(feld, n, sizeof(BoxSchluessel), vergleicheBoxSchluessel);
-    BoxElement* neu = nullptr;
-    BoxElement* letzter = nullptr;
-    for (i = 0; i < n; ++i) {
-        bau::haengeAn(neu, letzter, feld[i].box);
-    }
-    DV_TRACE(trace(), kTraceSpeicher, "[free] pArray = [%08x] {%s}", adr(feld),
+    for (std::size_t i = 0; i < n; ++i) ordnung.push_back(feld[i].stelle);
+    DV_TRACE(trace, kTraceSpeicher, "[free] pArray = [%08x] {%s}", adr(feld),
              "CApplikation::sortBoxListe");
     std::free(feld);
+    return ordnung;
+}
+
+}  // namespace
+
+BoxElement* Datenbank::sortBoxListe(BoxElement* kopf) {
+    if (!kopf) return kopf;
+    while (kopf->pPrev) kopf = kopf->pPrev;
+    std::vector<BoxElement*> boxen;
+    for (BoxElement* b = kopf; b; b = b->pNext) boxen.push_back(b);
+    const std::vector<std::size_t> ordnung = titelOrdnung(
+        boxen.size(), [&](std::size_t i) { return boxen[i]->cpText; }, trace());
+    if (ordnung.empty()) return kopf;
+    BoxElement* neu = nullptr;
+    BoxElement* letzter = nullptr;
+    for (const std::size_t i : ordnung) bau::haengeAn(neu, letzter, boxen[i]);
     return neu;
+}
+
+std::vector<std::int32_t> boxOrdnung(Datenbank& db) {
+    struct Box {
+        std::int32_t id;
+        char text[sizeof BoxElement::cpText];
+    };
+    std::vector<Box> boxen;
+    db.katalog().Box.scanne([&](const Zeile12& z) {
+        Box& b = boxen.emplace_back();
+        b.id = z.Id;
+        bau::kopiere(b.text, z.cpText);  // as Obj2BoxListe copies it
+    });
+    const std::vector<std::size_t> ordnung = titelOrdnung(
+        boxen.size(), [&](std::size_t i) { return boxen[i].text; }, db.trace());
+    std::vector<std::int32_t> ids;
+    ids.reserve(ordnung.size());
+    for (const std::size_t i : ordnung) ids.push_back(boxen[i].id);
+    return ids;
 }
 
 // ---- Builders ------------------------------------------------------------

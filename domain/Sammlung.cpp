@@ -46,11 +46,17 @@ template <class Z>
 class NachId {
   public:
     // lesen false: the table is not read and every lookup finds nothing.
+    // nurLebend: only whether a row lives is kept (lebt), no row (finde).
     template <class T>
-    explicit NachId(T& tab, bool lesen = true) {
+    explicit NachId(T& tab, bool lesen = true, bool nurLebend = false) {
         if (!lesen) return;
         tab.scanne([&](const Z& z) {
             const auto id = static_cast<std::size_t>(z.Id);
+            if (nurLebend) {
+                lebend_.resize(id + 1, 0);
+                lebend_[id] = 1;
+                return;
+            }
             while (id >> kBits >= bloecke_.size())
                 bloecke_.push_back(std::make_unique_for_overwrite<Z[]>(kProBlock));
             Z* block = bloecke_[id >> kBits].get();
@@ -61,7 +67,14 @@ class NachId {
         });
     }
     // The highest live id (0 when none or not read).
-    long hoechste() const { return naechste_ == 0 ? 0 : static_cast<long>(naechste_) - 1; }
+    long hoechste() const {
+        const std::size_t n = std::max(naechste_, lebend_.size());
+        return n == 0 ? 0 : static_cast<long>(n) - 1;
+    }
+    bool lebt(long id) const {
+        if (id > 0 && static_cast<std::size_t>(id) < lebend_.size()) return lebend_[id] != 0;
+        return finde(id) != nullptr;
+    }
     const Z* finde(long id) const {
         if (id <= 0 || static_cast<std::size_t>(id) >= naechste_) return nullptr;
         const Z& z = block_(static_cast<std::size_t>(id));
@@ -85,6 +98,7 @@ class NachId {
 
     std::vector<std::unique_ptr<Z[]>> bloecke_;
     std::size_t naechste_ = 0;  // one past the highest id read
+    std::vector<char> lebend_;  // nurLebend
 };
 
 // The rows of a link table grouped by owner, each group in table (id) order,
@@ -113,13 +127,8 @@ class NachBesitzer {
         anfang_.assign(static_cast<std::size_t>(hoechster) + 2, 0);
         for (const Z& z : alle) ++anfang_[besitzer(z) + 1];
         for (std::size_t i = 1; i < anfang_.size(); ++i) anfang_[i] += anfang_[i - 1];
-        if (geordnet) {
-            rows_ = std::move(alle);
-        } else {
-            rows_.resize(alle.size());
-            std::vector<std::uint32_t> naechster(anfang_.begin(), anfang_.end() - 1);
-            for (const Z& z : alle) rows_[naechster[besitzer(z)]++] = z;
-        }
+        if (!geordnet) gruppiere(alle, besitzer);
+        rows_ = std::move(alle);
         sortiereGruppen();
     }
     // The rows of one owner, in "Pos" order.
@@ -147,6 +156,25 @@ class NachBesitzer {
     long hoechsteZeile() const { return hoechsteZeile_; }
 
   private:
+    // Moves each row into its owner's group, in place (no second copy of the
+    // table); a group's rows then get back their table order, which is id order.
+    template <class Besitzer>
+    void gruppiere(std::vector<Z>& alle, Besitzer besitzer) const {
+        std::vector<std::uint32_t> naechster(anfang_.begin(), anfang_.end() - 1);
+        for (std::size_t g = 0; g < naechster.size(); ++g)
+            while (naechster[g] < anfang_[g + 1]) {
+                Z& z = alle[naechster[g]];
+                const auto o = static_cast<std::size_t>(besitzer(z));
+                if (o == g)
+                    ++naechster[g];
+                else
+                    std::swap(z, alle[naechster[o]++]);
+            }
+        for (std::size_t g = 0; g + 1 < anfang_.size(); ++g)
+            std::sort(alle.begin() + anfang_[g], alle.begin() + anfang_[g + 1],
+                      [](const Z& a, const Z& b) { return a.Id < b.Id; });
+    }
+
     // Puts each group in "Pos" order, once. Where the positions of a group all
     // differ, any sort gives that order; where some are equal, qsort on the rows
     // in table order gives the permutation that sortUrObjektListe gives.
@@ -231,11 +259,12 @@ class SammlungsLeser {
   public:
     // Tables that no list of the scope needs stay unread; their lists come out empty.
     // hoechsteBox: the highest box id of the collection.
-    SammlungsLeser(Datenbank& db, unsigned u, long hoechsteBox)
+    // nurLebendeDvds: the DVDs only as live or not (no ladeBox then).
+    SammlungsLeser(Datenbank& db, unsigned u, long hoechsteBox, bool nurLebendeDvds = false)
         : db_(db),
           k_(db.katalog()),
           groessen_(k_),
-          dvds_(k_.DVD, u & kUmfangDvds),
+          dvds_(k_.DVD, u & kUmfangDvds, nurLebendeDvds),
           filme_(k_.Film, u & kUmfangFilme),
           extras_(k_.Extras, u & (kUmfangBoxExtras | kUmfangDvdExtras)),
           genres_(k_.Genre, u & kUmfangGenres),
@@ -290,24 +319,24 @@ class SammlungsLeser {
     }
 
     // The first meeting of each film in the walk over the boxes, by film id.
-    std::vector<Fundstelle> fundstellen(const BoxElement* boxen) const {
+    std::vector<Fundstelle> fundstellen(const std::vector<std::int32_t>& boxen) const {
         std::vector<Fundstelle> erste(static_cast<std::size_t>(filme_.hoechste()) + 1);
         long rang = 0;
-        for (const BoxElement* b = boxen; b; b = b->pNext)
-            for (const Zeile7& d : dvdBox_.von(b->Id)) {
-                if (!dvds_.finde(d.DVD_Id)) continue;
+        for (const std::int32_t box : boxen)
+            for (const Zeile7& d : dvdBox_.von(box)) {
+                if (!dvds_.lebt(d.DVD_Id)) continue;
                 std::uint16_t index = 1;
                 for (const Zeile2& f : dvdFilm_.von(d.DVD_Id)) {
-                    if (!filme_.finde(f.Objekt1_Id)) continue;
+                    if (!filme_.lebt(f.Objekt1_Id)) continue;
                     Fundstelle& s = erste[static_cast<std::size_t>(f.Objekt1_Id)];
-                    if (s.rang == 0) s = {++rang, b->Id, d.DVD_Id, index};
+                    if (s.rang == 0) s = {++rang, box, d.DVD_Id, index};
                     ++index;
                 }
             }
         return erste;
     }
 
-    void filmeNachId(const BoxElement* boxen,
+    void filmeNachId(const std::vector<std::int32_t>& boxen,
                      const std::function<void(const FilmElement&, const Fundstelle&)>& f) {
         const std::vector<Fundstelle> erste = fundstellen(boxen);
         for (std::size_t id = 1; id < erste.size(); ++id) {
@@ -322,7 +351,7 @@ class SammlungsLeser {
     }
 
     // The distinct live DVDs (or films) that the boxes' lists hold.
-    long zaehle(const BoxElement* boxen, bool filme) const {
+    long zaehle(const std::vector<std::int32_t>& boxen, bool filme) const {
         std::vector<char> gesehen;
         long n = 0;
         auto neu = [&](long id) {
@@ -331,13 +360,13 @@ class SammlungsLeser {
             gesehen[id] = 1;
             ++n;
         };
-        for (const BoxElement* b = boxen; b; b = b->pNext)
-            for (const Zeile7& d : dvdBox_.von(b->Id)) {
-                if (!dvds_.finde(d.DVD_Id)) continue;
+        for (const std::int32_t box : boxen)
+            for (const Zeile7& d : dvdBox_.von(box)) {
+                if (!dvds_.lebt(d.DVD_Id)) continue;
                 if (!filme) neu(d.DVD_Id);
                 if (filme)
                     for (const Zeile2& f : dvdFilm_.von(d.DVD_Id))
-                        if (filme_.finde(f.Objekt1_Id)) neu(f.Objekt1_Id);
+                        if (filme_.lebt(f.Objekt1_Id)) neu(f.Objekt1_Id);
             }
         return n;
     }
@@ -455,10 +484,18 @@ struct Sammlungsdurchlauf::Leser : SammlungsLeser {
     using SammlungsLeser::SammlungsLeser;
 };
 
-Sammlungsdurchlauf::Sammlungsdurchlauf(Datenbank& db, unsigned umfang)
-    : db_(db), boxen_(db.getBoxListe()) {
-    if (boxen_)
-        leser_ = std::make_unique<Leser>(db, mitBesitzern(umfang), hoechsteId(boxen_.get()));
+Sammlungsdurchlauf::Sammlungsdurchlauf(Datenbank& db, unsigned umfang, Weise weise) : db_(db) {
+    long hoechste = 0;
+    if (weise == Weise::Filmweise) {
+        boxIds_ = boxOrdnung(db);
+        for (const std::int32_t id : boxIds_) hoechste = std::max<long>(hoechste, id);
+    } else {
+        boxen_ = db.getBoxListe();
+        hoechste = hoechsteId(boxen_.get());
+    }
+    if (hoechste > 0)
+        leser_ =
+            std::make_unique<Leser>(db, mitBesitzern(umfang), hoechste, weise == Weise::Filmweise);
 }
 
 Sammlungsdurchlauf::~Sammlungsdurchlauf() {
@@ -477,23 +514,28 @@ BoxElement* Sammlungsdurchlauf::naechste() {
     return aktuell_;
 }
 
+std::vector<std::int32_t> Sammlungsdurchlauf::boxIds() const {
+    if (!boxen_) return boxIds_;
+    std::vector<std::int32_t> ids;
+    for (const BoxElement* b = boxen_.get(); b; b = b->pNext) ids.push_back(b->Id);
+    return ids;
+}
+
 void Sammlungsdurchlauf::filmeNachId(
     const std::function<void(const FilmElement&, const Fundstelle&)>& f) {
-    if (leser_) leser_->filmeNachId(boxen_.get(), f);
+    if (leser_) leser_->filmeNachId(boxIds(), f);
 }
 
 long Sammlungsdurchlauf::boxen() const {
-    long n = 0;
-    for (const BoxElement* b = boxen_.get(); b; b = b->pNext) ++n;
-    return n;
+    return static_cast<long>(boxIds().size());
 }
 
 long Sammlungsdurchlauf::dvds() const {
-    return leser_ ? leser_->zaehle(boxen_.get(), false) : 0;
+    return leser_ ? leser_->zaehle(boxIds(), false) : 0;
 }
 
 long Sammlungsdurchlauf::filme() const {
-    return leser_ ? leser_->zaehle(boxen_.get(), true) : 0;
+    return leser_ ? leser_->zaehle(boxIds(), true) : 0;
 }
 
 }  // namespace dv

@@ -204,7 +204,12 @@ Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOpt
     if (typ < kObjektBox || typ > kObjektFilm) return e;
     // Box by box: each object is judged while its box's lists exist, so memory
     // holds one box's lists, not the collection's.
-    Sammlungsdurchlauf lauf(db, auswerter.umfang());
+    // Films are judged in id order, unless a memory trace asks for its lines,
+    // which follow the order in which the box walk builds the lists.
+    const bool filmweise = typ == kObjektFilm && !db.trace().aktiv(kTraceSpeicher);
+    Sammlungsdurchlauf lauf(
+        db, auswerter.umfang(),
+        filmweise ? Sammlungsdurchlauf::Weise::Filmweise : Sammlungsdurchlauf::Weise::Boxweise);
     const long gesamt = !optionen.fortschritt ? 0
                         : typ == kObjektBox   ? lauf.boxen()
                         : typ == kObjektDvd   ? lauf.dvds()
@@ -216,9 +221,7 @@ Suchergebnis suche(Datenbank& db, const KriterienListe& kriterien, const SuchOpt
     };
     Gesehen dvds, filme;
     std::string grund;
-    if (typ == kObjektFilm && !db.trace().aktiv(kTraceSpeicher)) {
-        // The box walk stays for a memory trace, whose lines follow the order in
-        // which the lists are built.
+    if (filmweise) {
         for (const Filmtreffer& t : filmeNachId(lauf, auswerter, weiter)) {
             const FilmElement* kopie = nullptr;
             try {
