@@ -61,23 +61,9 @@ struct GenerierteSammlung {
     std::unique_ptr<Datenbank> db;
 };
 
-TEST(Sammlung, GleicheListenWieDieEinzelnenBuilder) {
-    for (std::uint64_t saat : {1u, 2u}) {
-        GenerierteSammlung s(saat);
-        const std::string erwartet = s.proObjekt();
-        EXPECT_NE(erwartet.find("   Person"), std::string::npos);
-        EXPECT_NE(erwartet.find(" / "), std::string::npos);
-        EXPECT_NE(erwartet.find(" ["), std::string::npos);  // some aliases
-        EXPECT_EQ(s.ganz(), erwartet) << "Saat " << saat;
-        EXPECT_TRUE(s.spur.offen().empty());
-    }
-}
-
-TEST(Sammlung, GleicheListenAuchMitZeilenDieInsLeereZeigen) {
-    GenerierteSammlung s(3);
-    Katalog& k = s.db->katalog();
-    // Rows that links still name go away; positions collide; links name owners
-    // that do not exist; a box holds a DVD twice.
+// Rows that links still name go away; positions collide; links name owners
+// that do not exist; a box holds a DVD twice.
+void beschaedige(Katalog& k) {
     for (long id : {3L, 17L, 40L}) k.DVD.remove(id, true);
     for (long id : {5L, 6L, 77L, 120L}) k.Film.remove(id, true);
     for (long id : {2L, 4L}) k.Sprachen.remove(id, true);
@@ -88,23 +74,30 @@ TEST(Sammlung, GleicheListenAuchMitZeilenDieInsLeereZeigen) {
     k.Extras.remove(2, true);
     k.Funktion.remove(2, true);
     k.Titel.remove(1, true);
-    {
-        auto links = k.DVD_Film.alle();
-        int n = 0;
-        for (ListenElement* e = links.get(); e; e = e->pNext, ++n) {
-            const Zeile2& z = Tabelle2::zeile(e);
-            if (n % 3 == 0) k.DVD_Film.update(z.Id, z.DVD_Id, z.Objekt1_Id, 1);
-        }
+    auto links = k.DVD_Film.alle();
+    int n = 0;
+    for (ListenElement* e = links.get(); e; e = e->pNext, ++n) {
+        const Zeile2& z = Tabelle2::zeile(e);
+        if (n % 3 == 0) k.DVD_Film.update(z.Id, z.DVD_Id, z.Objekt1_Id, 1);
     }
     k.DVD_Box.insert(5000, 1, 0, 1);
     k.DVD_Box.insert(1, 2, 0, 1);
     k.DVD_Film.insert(9999, 1, 1);
     k.Film_Genre.insert(-3, 1, 1);
     k.Film_Alias.insert(123456, 4, 1);
+}
 
-    const std::string erwartet = s.proObjekt();
-    EXPECT_EQ(s.ganz(), erwartet);
-    EXPECT_TRUE(s.spur.offen().empty());
+TEST(Sammlung, GleicheListenWieDieEinzelnenBuilderAuchBeiZeilenDieInsLeereZeigen) {
+    for (std::uint64_t saat : {1u, 2u, 3u}) {
+        GenerierteSammlung s(saat);
+        if (saat == 3) beschaedige(s.db->katalog());
+        const std::string erwartet = s.proObjekt();
+        EXPECT_NE(erwartet.find("   Person"), std::string::npos);
+        EXPECT_NE(erwartet.find(" / "), std::string::npos);
+        EXPECT_NE(erwartet.find(" ["), std::string::npos);  // some aliases
+        EXPECT_EQ(s.ganz(), erwartet) << "Saat " << saat;
+        EXPECT_TRUE(s.spur.offen().empty());
+    }
 }
 
 TEST(Sammlung, OeffnetJedeTabelleHoechstensEinmal) {
