@@ -86,8 +86,12 @@ namespace {
 // title. The key array is traced as sortBoxListe's pointer array.
 template <class Titel>
 std::vector<std::size_t> titelOrdnung(std::size_t n, Titel&& titel, const Trace& trace) {
+    // Room for every key at its longest (each umlaut written as two letters);
+    // only the pages used are touched, and the buffer never moves.
     std::string text;
+    text.reserve(n * (2 * sizeof(BoxElement::cpText) + 1));
     std::vector<std::size_t> stelle;
+    stelle.reserve(n);
     for (std::size_t i = 0; i < n; ++i) {
         stelle.push_back(text.size());
         text += boxTitelSchluessel(titel(i));

@@ -25,9 +25,12 @@ constexpr const char* kFn = "Datenbank::ladeSammlung";
 // 0 where a file is not listed.
 class Dateigroessen {
   public:
-    explicit Dateigroessen(Katalog& k)
-        : dateien_(k.Box.umgebung().fs->liste(k.Box.umgebung().datenOrdner)) {}
-    std::size_t slots(const Tabelle& tab) const {
+    explicit Dateigroessen(Katalog& k) : k_(k) {}
+    std::size_t slots(const Tabelle& tab) {
+        if (!gelistet_) {
+            dateien_ = k_.Box.umgebung().fs->liste(k_.Box.umgebung().datenOrdner);
+            gelistet_ = true;
+        }
         const std::string name = tab.name() + ".dat";
         for (const OrdnerEintrag& e : dateien_)
             if (e.name == name && e.laenge > 0)
@@ -36,6 +39,8 @@ class Dateigroessen {
     }
 
   private:
+    Katalog& k_;
+    bool gelistet_ = false;  // on the first question: a search of boxes asks none
     std::vector<OrdnerEintrag> dateien_;
 };
 
@@ -109,12 +114,12 @@ class NachId {
 template <class Z>
 class NachBesitzer {
   public:
-    // slots: how many rows the table's file holds (a hint).
     template <class T, class Besitzer>
-    NachBesitzer(T& tab, Besitzer besitzer, long hoechsterBesitzer, bool lesen, std::size_t slots) {
+    NachBesitzer(T& tab, Besitzer besitzer, long hoechsterBesitzer, bool lesen,
+                 Dateigroessen& groessen) {
         if (!lesen) return;
         std::vector<Z> alle;
-        alle.reserve(slots);
+        alle.reserve(groessen.slots(tab));
         std::int32_t hoechster = 0;
         bool geordnet = true;  // owners never decrease: the rows are grouped already
         tab.scanne([&](const Z& z) {
@@ -217,11 +222,11 @@ class NachBesitzer {
 class HauptTitel {
   public:
     template <class T>
-    HauptTitel(T& tab, long hoechsterFilm, bool lesen, std::size_t slots) {
+    HauptTitel(T& tab, long hoechsterFilm, bool lesen, Dateigroessen& groessen) {
         if (!lesen || hoechsterFilm <= 0) return;
         beste_.assign(static_cast<std::size_t>(hoechsterFilm) + 1, Bester{});
         // Room for every row's whole title; only the pages used are touched.
-        texte_.reserve(slots * (sizeof(Zeile4::cpTitel) + 1));
+        texte_.reserve(groessen.slots(tab) * (sizeof(Zeile4::cpTitel) + 1));
         tab.scanne([&](const Zeile4& z) {
             if (z.Id <= 0 || z.Fremd_Id <= 0 || z.Fremd_Id > hoechsterFilm) return;
             Bester& h = beste_[static_cast<std::size_t>(z.Fremd_Id)];
@@ -263,6 +268,7 @@ class SammlungsLeser {
     SammlungsLeser(Datenbank& db, unsigned u, long hoechsteBox, bool nurLebendeDvds = false)
         : db_(db),
           k_(db.katalog()),
+          boxListen_((u & (kUmfangBoxExtras | kUmfangDvds)) != 0),
           groessen_(k_),
           dvds_(k_.DVD, u & kUmfangDvds, nurLebendeDvds),
           filme_(k_.Film, u & kUmfangFilme),
@@ -276,32 +282,28 @@ class SammlungsLeser {
           personen_(k_.Person, u & kUmfangPersonen),
           dvdBox_(
               k_.DVD_Box, [](const Zeile7& z) { return z.Box_Id; }, hoechsteBox, u & kUmfangDvds,
-              groessen_.slots(k_.DVD_Box)),
-          dvdFilm_(k_.DVD_Film, erstes, dvds_.hoechste(), u & kUmfangFilme,
-                   groessen_.slots(k_.DVD_Film)),
-          boxExtras_(k_.Box_Extras, erstes, hoechsteBox, u & kUmfangBoxExtras,
-                     groessen_.slots(k_.Box_Extras)),
-          dvdExtras_(k_.DVD_Extras, erstes, dvds_.hoechste(), u & kUmfangDvdExtras,
-                     groessen_.slots(k_.DVD_Extras)),
-          filmGenre_(k_.Film_Genre, erstes, filme_.hoechste(), u & kUmfangGenres,
-                     groessen_.slots(k_.Film_Genre)),
+              groessen_),
+          dvdFilm_(k_.DVD_Film, erstes, dvds_.hoechste(), u & kUmfangFilme, groessen_),
+          boxExtras_(k_.Box_Extras, erstes, hoechsteBox, u & kUmfangBoxExtras, groessen_),
+          dvdExtras_(k_.DVD_Extras, erstes, dvds_.hoechste(), u & kUmfangDvdExtras, groessen_),
+          filmGenre_(k_.Film_Genre, erstes, filme_.hoechste(), u & kUmfangGenres, groessen_),
           filmBildformat_(k_.Film_Bildformat, erstes, filme_.hoechste(), u & kUmfangBildformate,
-                          groessen_.slots(k_.Film_Bildformat)),
+                          groessen_),
           filmUntertitel_(k_.Film_Untertitel, erstes, filme_.hoechste(), u & kUmfangUntertitel,
-                          groessen_.slots(k_.Film_Untertitel)),
-          filmFkt_(k_.Film_Fkt, erstes, filme_.hoechste(), u & kUmfangFunktionen,
-                   groessen_.slots(k_.Film_Fkt)),
+                          groessen_),
+          filmFkt_(k_.Film_Fkt, erstes, filme_.hoechste(), u & kUmfangFunktionen, groessen_),
           filmSprachen_(
               k_.Film_Sprachen, [](const Zeile6& z) { return z.Film_Id; }, filme_.hoechste(),
-              u & kUmfangSprachen, groessen_.slots(k_.Film_Sprachen)),
+              u & kUmfangSprachen, groessen_),
           filmPerson_(
               k_.Film_Person, [](const Zeile3& z) { return z.Film_Id; }, filme_.hoechste(),
-              u & kUmfangPersonen, groessen_.slots(k_.Film_Person)),
+              u & kUmfangPersonen, groessen_),
           filmAlias_(k_.Film_Alias, erstes, filmPerson_.hoechsteZeile(), u & kUmfangPersonen,
-                     groessen_.slots(k_.Film_Alias)),
-          titel_(k_.Titel, filme_.hoechste(), u & kUmfangFilme, groessen_.slots(k_.Titel)) {}
+                     groessen_),
+          titel_(k_.Titel, filme_.hoechste(), u & kUmfangFilme, groessen_) {}
 
     void ladeBox(BoxElement& b) {
+        if (!boxListen_) return;  // both lists stay empty, as made
         b.pExtras = objekte(boxExtras_, extras_, b.Id);
         b.pDvds = bau::kinderListe<DvdElement>(dvdBox_.sortiert(b.Id), [&](const Zeile7& z) {
             const Zeile9* row = dvds_.finde(z.DVD_Id);
@@ -312,6 +314,7 @@ class SammlungsLeser {
 
     // Releases what ladeBox built below the box.
     void gibFrei(BoxElement& b) {
+        if (!boxListen_) return;
         db_.FreeObjektListe(b.pExtras);
         b.pExtras = nullptr;
         db_.FreeDvdListe(b.pDvds);
@@ -436,6 +439,7 @@ class SammlungsLeser {
 
     Datenbank& db_;
     Katalog& k_;
+    bool boxListen_;          // a box has lists in the scope
     Dateigroessen groessen_;  // before the tables, whose readers it sizes
     NachId<Zeile9> dvds_;
     NachId<Zeile5> filme_;
@@ -491,7 +495,10 @@ Sammlungsdurchlauf::Sammlungsdurchlauf(Datenbank& db, unsigned umfang, Weise wei
         for (const std::int32_t id : boxIds_) hoechste = std::max<long>(hoechste, id);
     } else {
         boxen_ = db.getBoxListe();
-        hoechste = hoechsteId(boxen_.get());
+        // The highest box id bounds the tables grouped by box; where none is
+        // read, any box will do and the boxes need not be walked for it.
+        const bool proBox = mitBesitzern(umfang) & (kUmfangBoxExtras | kUmfangDvds);
+        hoechste = !boxen_ ? 0 : proBox ? hoechsteId(boxen_.get()) : boxen_->Id;
     }
     if (hoechste > 0)
         leser_ =
