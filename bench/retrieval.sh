@@ -13,7 +13,8 @@
 # The prepared folder /tmp/dorvano-retrieval-v2/ (collection, 50,000 tag files,
 # two watch lists of 10,000 entries, sammlung.sql) is made by bench_retrieval on
 # first use; of factor f, /tmp/dorvano-retrieval-v2-x<f>/ (DORVANO_MASS=f).
-# Results: suche.md, listen.md and speicher.txt in each folder.
+# Results: suche.md, listen.md (with medians in suche.json, listen.json) and
+# speicher.txt in each folder.
 set -eu
 
 BUILD=${1:-build}
@@ -57,6 +58,7 @@ miss() {
     sqlite3 "$DB" "$BOX_SQL" | wc -l
 
     hyperfine -N --warmup 3 --runs 30 --export-markdown "$ORDNER/suche.md" \
+        --export-json "$ORDNER/suche.json" \
         -n "dorvano-cli suchen Film" \
         "$CLI suchen Film Titel = *ab* UND Genre = Drama* UND Jahr >= 2000" \
         -n "sqlite3 Film" "sqlite3 $DB \"$FILM_SQL\"" \
@@ -66,6 +68,7 @@ miss() {
         -n "dorvano-cli version (Start)" "$CLI version"
 
     hyperfine -N --warmup 1 --runs 10 --export-markdown "$ORDNER/listen.md" \
+        --export-json "$ORDNER/listen.json" \
         -n "dorvano-cli liste --json" "$CLI liste --json" \
         -n "dorvano-cli tags suchen" "$CLI tags suchen verliehen" \
         -n "dorvano-cli vormerk vereinigen" "$CLI vormerk vereinigen 1 2"
